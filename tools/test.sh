@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# The whole test suite, from a fresh Debian 12 machine: installs dependencies, builds with
+# warnings as errors, runs every test, runs the Qt-free tests again under address and
+# undefined-behaviour sanitizers, then runs each fuzz target for a bounded time.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+FUZZ_SECONDS_PER_TARGET="${FUZZ_SECONDS_PER_TARGET:-20}"
+JOBS="${JOBS:-$(nproc)}"
+
+section() { printf '\n==== %s (%s)\n' "$1" "$(date -u +%H:%M:%S)"; }
+
+section "dependencies"
+bash tools/install-deps.sh
+
+# Tests run headless.
+export QT_QPA_PLATFORM=offscreen
+export XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$(mktemp -d)}"
+chmod 700 "$XDG_RUNTIME_DIR"
+
+section "build"
+cmake --preset default
+cmake --build --preset default -j "$JOBS"
+
+section "tests"
+ctest --preset default -j "$JOBS" --timeout 300
+
+section "protocol library under address and undefined-behaviour sanitizers"
+cmake --preset sanitize
+cmake --build --preset sanitize -j "$JOBS"
+ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+    ctest --preset sanitize -j "$JOBS" --timeout 300
+
+section "fuzzing (${FUZZ_SECONDS_PER_TARGET} s per target)"
+bash tools/run-fuzz.sh "$FUZZ_SECONDS_PER_TARGET"
+
+section "all passed"
