@@ -78,12 +78,19 @@ bool CobsTransport::FindEnd(std::size_t start, std::size_t& end) const
     return false;
 }
 
-std::int32_t CobsTransport::DropUnfinishable(bool haveStart, std::size_t start)
+std::int32_t CobsTransport::DropUnfinishable()
 {
     if (mRing.Free() != 0) {
         return 0;
     }
-    mRing.Discard(haveStart ? start + 1 : mRing.Count() - 1);
+    // Dropping only the oldest frame start would leave the buffer nearly full of bytes that can
+    // never form a frame, and the next reads would be refused in turn.
+    std::size_t keepFrom = mRing.Count();
+    std::size_t zero = 0;
+    for (std::size_t from = 1; mRing.FindByteFrom(from, kDelimiter, zero); from = zero + 1) {
+        keepFrom = zero;
+    }
+    mRing.Discard(keepFrom);
     return -1;
 }
 
@@ -94,11 +101,11 @@ std::int32_t CobsTransport::Decode(std::uint8_t* out, std::size_t outCapacity)
     }
     std::size_t start = 0;
     if (!FindStart(start)) {
-        return DropUnfinishable(false, 0);
+        return DropUnfinishable();
     }
     std::size_t end = 0;
     if (!FindEnd(start, end)) {
-        return DropUnfinishable(true, start);
+        return DropUnfinishable();
     }
     mRing.Discard(start + 1);
 

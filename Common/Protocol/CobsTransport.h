@@ -20,10 +20,11 @@ public:
     std::int32_t Encode(std::uint8_t* out, std::size_t outCapacity, const std::uint8_t* message,
                         std::size_t length) override;
     std::size_t DataIn(const std::uint8_t* data, std::size_t length) override;
-    /// A full receive buffer that holds no complete frame can never complete one (the longest
-    /// valid frame is far shorter than the buffer). Rather than stall reception for good, Decode
-    /// then drops the frame in progress (or, with no frame start, all but the newest byte) and
-    /// returns -1 like any malformed frame.
+    /// A full receive buffer that holds no complete frame would stall reception for good: every
+    /// later byte is refused. Decode then keeps only the newest 0x00 and what follows it (the one
+    /// frame start that more bytes could still complete, the longest valid frame being far shorter
+    /// than the buffer), drops everything before it, and returns -1 like any malformed frame.
+    /// With no such 0x00 past the oldest byte the whole buffer goes.
     std::int32_t Decode(std::uint8_t* out, std::size_t outCapacity) override;
 
     std::size_t BufferedBytes() const { return mRing.Count(); }
@@ -31,7 +32,7 @@ public:
 private:
     bool FindStart(std::size_t& start) const;
     bool FindEnd(std::size_t start, std::size_t& end) const;
-    std::int32_t DropUnfinishable(bool haveStart, std::size_t start);
+    std::int32_t DropUnfinishable();
 
     RingBuffer mRing;
     std::uint8_t* mScratch;
