@@ -1,0 +1,104 @@
+#include "ProtocolComms.h"
+
+#include "QtApps/Common/Logger/Log.h"
+
+namespace communication {
+
+using halyard::protocol::message::Status;
+
+ProtocolComms::ProtocolComms(ProtocolRequestLogWrapper& requestLog, QObject* parent)
+    : ProtocolCommsInterface(parent)
+    , mSerial(new wrappers::QtSerialWrapper(this))
+    , mRequestLog(requestLog)
+    , mProtocol(mTransmitBuffer.data(), mTransmitBuffer.size(), requestLog)
+    , mTransport(mReceiveRing.data(), mReceiveRing.size(), mDecodeScratch.data(),
+                 mDecodeScratch.size())
+    , mTransmit(new ProtocolTransmit(mTransport, *mSerial, this))
+    , mObjects(new ProtocolObjectContainer(mProtocol, this))
+    , mTimeoutScan(new QTimer(this)) {
+    mProtocol.SetPayloadOutHandler(mTransmit);
+    // The pump never sends a leading delimiter: this one opens the very first frame.
+    const std::uint8_t delimiter = 0x00;
+    mTransport.DataIn(&delimiter, 1);
+
+    connect(mTransmit, &ProtocolTransmit::protocolTransmitError, this,
+            [](const QString& error) { BWL_LOG_WARN("protocolTransmitError", error); });
+}
+
+bool ProtocolComms::openPort(const QString& portName) {
+    if (!mSerial->openPort(portName)) {
+        return false;
+    }
+    mPortErrorReported = false;
+    connect(mSerial, &QSerialPort::readyRead, this, &ProtocolComms::onReadyRead,
+            Qt::UniqueConnection);
+    connect(mSerial, &QSerialPort::errorOccurred, this, &ProtocolComms::onPortError,
+            Qt::UniqueConnection);
+    connect(mTimeoutScan, &QTimer::timeout, this, &ProtocolComms::checkTimeouts,
+            Qt::UniqueConnection);
+    mTimeoutScan->start(static_cast<int>(mRequestLog.TimeoutInterval()));
+    return true;
+}
+
+// The receive ring, the transmit queue and the request log keep their contents: a partial frame
+// is completed or dropped by the next delimiters, and outstanding requests still time out.
+void ProtocolComms::closePort() {
+    disconnect(mSerial, &QSerialPort::readyRead, this, &ProtocolComms::onReadyRead);
+    disconnect(mSerial, &QSerialPort::errorOccurred, this, &ProtocolComms::onPortError);
+    disconnect(mTimeoutScan, &QTimer::timeout, this, &ProtocolComms::checkTimeouts);
+    mTimeoutScan->stop();
+    mSerial->closePort();
+}
+
+void ProtocolComms::clearRequestLog() {
+    mProtocol.ClearRequestLog();
+}
+
+void ProtocolComms::checkTimeouts() {
+    mRequestLog.CheckTimeouts(mProtocol);
+}
+
+void ProtocolComms::onReadyRead() {
+    const QByteArray bytes = mSerial->readAll();
+    if (bytes.isEmpty()) {
+        return;
+    }
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.constData());
+    if (mTransport.DataIn(data, static_cast<std::size_t>(bytes.size())) == 0) {
+        return;
+    }
+    std::int32_t length = mTransport.Decode(mFrameBuffer.data(), mFrameBuffer.size());
+    if (length < 0) {
+        // Reported once per read; the message layer still rejects the frame below.
+        emit transportError(QStringLiteral("Receive transport error"));
+    }
+    while (length != 0) {
+        const Status status = mProtocol.ReceiveBytes(mFrameBuffer.data(), length);
+        if (status != Status::Success) {
+            emit protocolError(status);
+        }
+        length = mTransport.Decode(mFrameBuffer.data(), mFrameBuffer.size());
+    }
+}
+
+// A device that vanishes (a USB adapter pulled, the far end of a pseudo-terminal closed) keeps
+// signalling its read error on every event-loop pass while the port stays open. The device is
+// closed here so the comms thread does not spin, while the time-out scan goes on: the session
+// notices the silence through its time-outs and scans again. Errors are logged once per open.
+void ProtocolComms::onPortError(QSerialPort::SerialPortError error) {
+    if (error == QSerialPort::NoError) {
+        return;
+    }
+    if (!mPortErrorReported) {
+        mPortErrorReported = true;
+        BWL_LOG_WARN("onPortError", QStringLiteral("Serial port %1 error %2: %3")
+                                        .arg(mSerial->portName())
+                                        .arg(static_cast<int>(error))
+                                        .arg(mSerial->errorString()));
+    }
+    if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError) {
+        mSerial->closePort();
+    }
+}
+
+} // namespace communication
