@@ -1,5 +1,7 @@
 #include "Cobs.h"
 
+#include <cstring>
+
 namespace halyard::protocol::cobs {
 namespace {
 constexpr std::uint8_t kFullBlockCode = 0xFF;
@@ -45,12 +47,16 @@ std::int32_t Decode(std::uint8_t* out, std::size_t capacity, const std::uint8_t*
         if (code == 0 || read + code - 1u > length) {
             return -1;
         }
-        for (std::uint8_t k = 1; k < code; ++k) {
-            if (in[read] == 0 || written >= capacity) {
-                return -1;
-            }
-            out[written++] = in[read++];
+        const std::size_t blockLength = code - 1u;
+        if (capacity - written < blockLength ||
+            std::memchr(in + read, 0, blockLength) != nullptr) {
+            return -1;
         }
+        if (blockLength != 0) {
+            std::memcpy(out + written, in + read, blockLength);
+        }
+        written += blockLength;
+        read += blockLength;
         if (code < kFullBlockCode && read < length) {
             if (written >= capacity) {
                 return -1;

@@ -61,12 +61,26 @@ bool RingBuffer::PeekAt(std::size_t position, std::uint8_t& byte) const
 
 bool RingBuffer::FindByteFrom(std::size_t position, std::uint8_t byte, std::size_t& found) const
 {
+    // The frame search runs this over every received byte: scan the (at most two) contiguous
+    // pieces with memchr rather than index modulo the capacity byte by byte.
     const std::size_t count = Count();
-    for (std::size_t i = position; i < count; ++i) {
-        if (mStorage[(mRead + i) % mCapacity] == byte) {
-            found = i;
-            return true;
-        }
+    if (position >= count) {
+        return false;
+    }
+    const std::size_t start = (mRead + position) % mCapacity;
+    const std::size_t firstLength = std::min(count - position, mCapacity - start);
+    const void* hit = std::memchr(mStorage + start, byte, firstLength);
+    if (hit != nullptr) {
+        found = position + static_cast<std::size_t>(static_cast<const std::uint8_t*>(hit) -
+                                                    (mStorage + start));
+        return true;
+    }
+    const std::size_t secondLength = count - position - firstLength;
+    hit = secondLength == 0 ? nullptr : std::memchr(mStorage, byte, secondLength);
+    if (hit != nullptr) {
+        found = position + firstLength +
+                static_cast<std::size_t>(static_cast<const std::uint8_t*>(hit) - mStorage);
+        return true;
     }
     return false;
 }
