@@ -36,6 +36,11 @@ SerialiseResult Serialise(const ProtocolMessage& message, std::uint8_t* out,
         header[headerLength++] = message.attribute;
         header[headerLength++] = WireOperation(message);
     }
+    // The header goes out before the payload length is looked at, so a buffer too small for
+    // the header is reported as such whatever the payload.
+    if (headerLength > capacity) {
+        return SerialiseResult::BufferTooSmall;
+    }
     if (message.payloadLength > kMaxPayloadLength) {
         return SerialiseResult::PayloadTooLong;
     }

@@ -77,6 +77,7 @@ TEST(MessageCodec, SerialiseRefusesUnsetTypesLongPayloadsAndSmallBuffers) {
               SerialiseResult::BufferTooSmall);
     request.payloadLength = kMaxPayloadLength + 1;
     EXPECT_EQ(Serialised(request), "code 4");
+    EXPECT_EQ(message::Serialise(request, out.data(), 5, length), SerialiseResult::BufferTooSmall);
 
     const ProtocolMessage ack = Response(1, Type::AckStatus, Status::Success);
     EXPECT_EQ(message::Serialise(ack, out.data(), 2, length), SerialiseResult::BufferTooSmall);
