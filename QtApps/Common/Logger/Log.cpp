@@ -1,17 +1,55 @@
 #include "Log.h"
 
-#include <cstdio>
+#include <log4cxx/logger.h>
 
 namespace logger {
 
-// Placeholder sink until the log4cxx backend is in place.
+namespace {
+
+log4cxx::LevelPtr ToLog4cxx(Level level) {
+    switch (level) {
+    case Level::Debug:
+        return log4cxx::Level::getDebug();
+    case Level::Info:
+        return log4cxx::Level::getInfo();
+    case Level::Warn:
+        return log4cxx::Level::getWarn();
+    case Level::Error:
+        break;
+    }
+    return log4cxx::Level::getError();
+}
+
+// "QtApps/Common/Model/PumpSession" logs as "QtApps.Common.Model.PumpSession", so a properties
+// file can set levels per folder the log4j way.
+std::string LoggerName(std::string_view sourcePath) {
+    std::string name(sourcePath);
+    for (char& c : name) {
+        if (c == '/' || c == '\\') {
+            c = '.';
+        }
+    }
+    return name.empty() ? std::string("BrackwaterLink") : name;
+}
+
+} // namespace
+
+// log4cxx serialises appenders internally; callers on any thread need no lock of their own.
 void write(Level level, std::string_view sourcePath, int line, const char* function,
-           const QString& message)
-{
-    static const char* const kNames[] = {"DEBUG", "INFO", "WARN", "ERROR"};
-    std::fprintf(stderr, "%s %.*s:%d %s - %s\n", kNames[static_cast<int>(level)],
-                 static_cast<int>(sourcePath.size()), sourcePath.data(), line, function,
-                 message.toUtf8().constData());
+           const QString& message) {
+    const log4cxx::LoggerPtr target = log4cxx::Logger::getLogger(LoggerName(sourcePath));
+    const log4cxx::LevelPtr log4cxxLevel = ToLog4cxx(level);
+    if (!target->isEnabledFor(log4cxxLevel)) {
+        return;
+    }
+    std::string text(sourcePath);
+    text += ':';
+    text += std::to_string(line);
+    text += ' ';
+    text += function != nullptr ? function : "";
+    text += " - ";
+    text += message.toStdString();
+    target->forcedLog(log4cxxLevel, text);
 }
 
 } // namespace logger
