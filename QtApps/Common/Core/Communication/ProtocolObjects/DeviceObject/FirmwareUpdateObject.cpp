@@ -1,0 +1,195 @@
+#include "FirmwareUpdateObject.h"
+
+#include "QtApps/Common/Core/Communication/ProtocolObjects/ProxyLog.h"
+
+namespace communication::objects {
+
+using halyard::firmwareUpdate::FirmwareUpdateStatus;
+
+namespace {
+
+// The diagnostic names of the stages; the screens use their own translated texts.
+const char* StageLogText(uint8_t stage) {
+    static const char* const kTexts[] = {
+        "Ready",     "Erasing",       "Erase failed", "Programming", "Programming failed",
+        "Verifying", "Verify failed", "Failed",       "Success",
+    };
+    return stage < std::size(kTexts) ? kTexts[stage] : "Unknown";
+}
+
+} // namespace
+
+FirmwareUpdateObject::FirmwareUpdateObject(halyard::protocol::ProtocolInterface& protocol,
+                                           QObject* parent)
+    : QObject(parent)
+    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+
+bool FirmwareUpdateObject::RequestStart(uint8_t bank, uint32_t imageSize, uint32_t imageCrc32) {
+    if (!WriteFields(ImageControl, Operation::Start, bank, imageSize, imageCrc32)) {
+        BWL_LOG_WRITE_FAILURE("RequestStart");
+        return false;
+    }
+    return SendTracked();
+}
+
+bool FirmwareUpdateObject::RequestVerify(uint8_t bank) {
+    if (!WriteFields(ImageControl, Operation::Verify, bank)) {
+        BWL_LOG_WRITE_FAILURE("RequestVerify");
+        return false;
+    }
+    return SendTracked();
+}
+
+bool FirmwareUpdateObject::RequestStop(uint8_t bank) {
+    if (!WriteFields(ImageControl, Operation::Stop, bank)) {
+        BWL_LOG_WRITE_FAILURE("RequestStop");
+        return false;
+    }
+    return SendTracked();
+}
+
+bool FirmwareUpdateObject::SendFirmwareData(uint8_t bank, uint32_t offset, QByteArrayView data) {
+    Address(ImageData, Operation::Set);
+    halyard::protocol::PayloadWriter writer = Request().Writer();
+    const bool complete = writer.Write(bank) && writer.Write(offset) &&
+                          writer.WriteBytes(reinterpret_cast<const uint8_t*>(data.data()),
+                                            static_cast<std::size_t>(data.size()));
+    writer.Close();
+    if (!complete) {
+        BWL_LOG_WRITE_FAILURE("SendFirmwareData");
+        return false;
+    }
+    return SendTracked();
+}
+
+// Sends the request message and keeps a copy for its repeats, with a retry count of 0.
+bool FirmwareUpdateObject::SendTracked() {
+    PendingRequest* slot = FreeSlot();
+    if (slot == nullptr) {
+        BWL_LOG_WARN("SendTracked",
+                     QStringLiteral("More than %1 requests outstanding").arg(kMaxOutstanding));
+        return false;
+    }
+    if (!SendRequest()) {
+        return false;
+    }
+    slot->inUse = true;
+    slot->retryCount = 0;
+    slot->message = Request(); // with the id the request log gave it
+    return true;
+}
+
+FirmwareUpdateObject::PendingRequest* FirmwareUpdateObject::FreeSlot() {
+    for (PendingRequest& pending : mPending) {
+        if (!pending.inUse) {
+            return &pending;
+        }
+    }
+    return nullptr;
+}
+
+FirmwareUpdateObject::PendingRequest*
+FirmwareUpdateObject::FindPending(const ProtocolMessage& answer) {
+    for (PendingRequest& pending : mPending) {
+        if (pending.inUse && pending.message.id == answer.id &&
+            pending.message.attribute == answer.attribute &&
+            pending.message.operationRaw == answer.operationRaw) {
+            return &pending;
+        }
+    }
+    return nullptr;
+}
+
+bool FirmwareUpdateObject::HandleTimeout(const ProtocolMessage& message) {
+    PendingRequest* pending = FindPending(message);
+    if (pending == nullptr) {
+        return false;
+    }
+    ++pending->retryCount;
+    if (pending->retryCount < kMaxSends) {
+        BWL_LOG_INFO("HandleRequestTimeout",
+                     QStringLiteral("HandleRequestTimeout: Retry #%1").arg(pending->retryCount));
+        // The message layer gives the repeat a fresh id, which the copy keeps for matching.
+        if (Messaging().Send(pending->message)) {
+            return true;
+        }
+    }
+    BWL_LOG_WARN("HandleRequestTimeout", QStringLiteral("HandleRequestTimeout: Failed to retry"));
+    pending->inUse = false;
+    emit requestFailed(message.attribute, message.operationRaw);
+    return true;
+}
+
+bool FirmwareUpdateObject::HandleResponse(const ProtocolMessage& message) {
+    if (PendingRequest* pending = FindPending(message)) {
+        pending->inUse = false;
+    }
+    emit requestAccepted(message.attribute, message.operationRaw);
+    return true;
+}
+
+bool FirmwareUpdateObject::HandleRefusal(const ProtocolMessage& message) {
+    if (PendingRequest* pending = FindPending(message)) {
+        pending->inUse = false;
+    }
+    emit requestRefused(message.attribute, message.operationRaw, message.status);
+    return true;
+}
+
+bool FirmwareUpdateObject::HandlePumpRequest(const ProtocolMessage& message) {
+    switch (message.attribute) {
+    case DataRequest:
+        if (message.operation != Operation::Get) {
+            ReplyInvalidOperation(message);
+            return true;
+        }
+        return HandleIncomingDataRequest(message);
+    case Status:
+        if (message.operation != Operation::Update) {
+            ReplyInvalidOperation(message);
+            return true;
+        }
+        return ReadAndRaiseStatusSignal(message);
+    default:
+        ReplyInvalidAttribute(message);
+        return true;
+    }
+}
+
+// The acknowledgement goes out before the signal, so that it precedes the piece on the line
+// when the listener answers at once.
+bool FirmwareUpdateObject::HandleIncomingDataRequest(const ProtocolMessage& message) {
+    halyard::protocol::PayloadReader reader = message.Reader();
+    uint8_t bank = 0;
+    uint32_t offset = 0;
+    uint16_t length = 0;
+    if (!reader.Read(bank) || !reader.Read(offset) || !reader.Read(length) || length == 0 ||
+        length > kMaxDataLength) {
+        BWL_LOG_READ_FAILURE("HandleIncomingDataRequest");
+        ReplyInvalidMessageData(message);
+        return true;
+    }
+    ReplySuccess(message);
+    emit dataRequest(bank, offset, length);
+    return true;
+}
+
+bool FirmwareUpdateObject::ReadAndRaiseStatusSignal(const ProtocolMessage& message) {
+    halyard::protocol::PayloadReader reader = message.Reader();
+    FirmwareUpdateStatus status;
+    if (!reader.Read(status.stage) || !reader.Read(status.bank) || !reader.Read(status.bytesDone) ||
+        !reader.Read(status.imageSize)) {
+        BWL_LOG_READ_FAILURE("ReadAndRaiseStatusSignal");
+        ReplyInvalidMessageData(message);
+        return true;
+    }
+    BWL_LOG_INFO("ReadAndRaiseStatusSignal",
+                 QStringLiteral(">>> Device::FirmwareUpdate::StatusUpdate: %1 [%2]")
+                     .arg(QString::fromLatin1(StageLogText(status.stage)))
+                     .arg(status.stage));
+    ReplySuccess(message);
+    emit statusUpdate(status);
+    return true;
+}
+
+} // namespace communication::objects
