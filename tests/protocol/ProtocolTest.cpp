@@ -212,6 +212,40 @@ TEST_F(ProtocolTest, BadBytesAreInvalidMessagesAndLeaveTheLayerReady) {
     EXPECT_EQ(motor.received.size(), 1u);
 }
 
+// The comms object's loop over one read from the port: every frame is handled in order, each bad
+// one costs only itself.
+TEST_F(ProtocolTest, HandlesAStreamOfGoodAndBadFramesInOrder) {
+    std::array<std::uint8_t, 2048> ring{};
+    std::array<std::uint8_t, 2048> scratch{};
+    std::array<std::uint8_t, 2048> decoded{};
+    CobsTransport transport(ring.data(), ring.size(), scratch.data(), scratch.size());
+    ProtocolMessage request = Request(0x20, 0);
+    ASSERT_TRUE(protocol.Send(request));
+
+    const Bytes read = Hex("00 "                          // the primed delimiter
+                           "02 01 02 10 02 01 01 01 00 "  // request to 0x10/0, Get
+                           "05 11 01 00 "                 // malformed COBS
+                           "03 07 05 01 00 "              // a message of type 5
+                           "01 02 01 01 01 00 "           // the Ack for our request, id 0
+                           "01 02 01 01 01 00 "           // the same Ack once more
+                           "03 0A 02 01 00 "              // a Nak for an id never sent
+                           "02 0B 05 20 07 01 08 01 00"); // request to 0x20/7
+    ASSERT_EQ(transport.DataIn(read.data(), read.size()), read.size());
+    std::vector<std::string> results;
+    std::int32_t length = 0;
+    while ((length = transport.Decode(decoded.data(), decoded.size())) != 0) {
+        results.push_back(
+            length < 0 ? "transport error"
+                       : message::StatusShortName(protocol.ReceiveBytes(decoded.data(), length)));
+    }
+    EXPECT_EQ(results, (std::vector<std::string>{"Success", "transport error", "InvMsg", "Success",
+                                                 "InvMsgId", "NakRecv", "InvInst"}));
+    ASSERT_EQ(motor.received.size(), 1u);
+    ASSERT_EQ(sensor.received.size(), 1u);
+    EXPECT_EQ(sensor.received[0].type, Type::AckStatus);
+    EXPECT_EQ(LastSent(), "0B 03 03");
+}
+
 TEST_F(ProtocolTest, SendReportsEveryWayAMessageFailsToLeave) {
     ProtocolMessage unset;
     EXPECT_FALSE(protocol.Send(unset));
