@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+namespace simulator {
+
+/// Product data of the simulated drive family: the pump-head catalogue and the names used in
+/// the event log.
+namespace catalogue {
+
+struct PumpHead {
+    const char* name; // at most 11 characters
+    std::uint32_t maxSpeedDrpm;
+    std::uint8_t rollers;
+    std::uint8_t channels;
+};
+
+inline constexpr std::size_t kPumpHeadCount = 27;
+const std::array<PumpHead, kPumpHeadCount>& pumpHeads();
+/// Index of the head with this name, or -1.
+int pumpHeadIndex(const QString& name);
+
+/// Fault types 1..14 (bit n of the fault word is fault type n).
+inline constexpr std::uint8_t kFaultTypeCount = 14;
+inline constexpr std::uint8_t kFaultOverTemperatureWarning = 6;
+inline constexpr std::uint8_t kFaultOverTemperatureShutdown = 7;
+QString faultName(std::uint8_t faultType);
+
+QString controlInputName(std::uint8_t controlInput);
+inline constexpr std::uint8_t kControlInputCount = 7;
+
+} // namespace catalogue
+} // namespace simulator

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+class QSerialPort;
+class QSocketNotifier;
+
+namespace simulator {
+
+/// The pump's end of the serial line: the master side of a pseudo-terminal pair, or a serial
+/// device. Optionally paces outgoing bytes at the real line rate.
+class SerialLine : public QObject {
+    Q_OBJECT
+
+public:
+    /// 115200 baud, 8N1: ten bit times per byte.
+    static constexpr double kLineBytesPerSecond = 115200.0 / 10.0;
+
+    explicit SerialLine(bool paceAtLineRate, QObject* parent = nullptr);
+    ~SerialLine() override;
+
+    /// Creates a pseudo-terminal pair; on success `slavePath` is the path the application opens.
+    bool openPty(QString& slavePath, QString& error);
+    bool openDevice(const QString& path, QString& error);
+    bool isOpen() const { return mOpen; }
+
+    /// Queues bytes for the line (dropped when the line is closed).
+    void write(const QByteArray& bytes);
+    /// Closes the line as a pulled cable would.
+    void close();
+
+    qint64 bytesWritten() const { return mBytesWritten; }
+
+signals:
+    void bytesReceived(const QByteArray& bytes);
+
+private:
+    void readPty();
+    void drain();
+    qint64 writeNow(const char* data, qint64 length);
+
+    bool mPaced;
+    bool mOpen = false;
+    int mMasterFd = -1;
+    int mSlaveFd = -1;
+    QSocketNotifier* mReadNotifier = nullptr;
+    QSocketNotifier* mWriteNotifier = nullptr;
+    QSerialPort* mPort = nullptr;
+    QByteArray mPending;
+    QTimer mPaceTimer;
+    QElapsedTimer mPaceClock;
+    double mAllowance = 0.0;
+    qint64 mBytesWritten = 0;
+};
+
+} // namespace simulator
