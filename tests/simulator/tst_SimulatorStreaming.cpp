@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 using namespace simtest;
 
 namespace {
@@ -34,11 +36,15 @@ private slots:
                                  5000);
         QTRY_VERIFY_WITH_TIMEOUT(rig.app().updatesOf(3, 1, 3).size() >= 8, 5000);
         const auto updates = rig.app().updatesOf(3, 1, 3);
+        QList<qint64> gaps;
         for (qsizetype i = 1; i < updates.size(); ++i) {
-            const qint64 gap = updates[i].atMs - updates[i - 1].atMs;
-            QVERIFY2(gap >= 50 && gap <= 250, qPrintable(QString::number(gap)));
+            gaps.append(updates[i].atMs - updates[i - 1].atMs);
             QVERIFY(int32At(updates[i].message) <= int32At(updates[i - 1].message));
         }
+        // The median is robust against a busy machine delaying one update onto the next.
+        std::sort(gaps.begin(), gaps.end());
+        const qint64 median = gaps.at(gaps.size() / 2);
+        QVERIFY2(median >= 70 && median <= 200, qPrintable(QString::number(median)));
         QCOMPARE(rig.sim().model().direction(), std::uint8_t{1});
         QVERIFY(rig.sim().model().energised());
     }

@@ -15,7 +15,7 @@ namespace simulator {
 namespace {
 // Beyond this the application is not reading: drop rather than grow without bound.
 constexpr qsizetype kMaxPendingBytes = 1 << 20;
-// A UART's transmit FIFO lets a few bytes go at once after an idle spell, no more.
+// A UART's transmit FIFO lets a few bytes go at once after an idle spell.
 constexpr double kMaxBurstBytes = 16.0;
 } // namespace
 
@@ -103,6 +103,11 @@ void SerialLine::write(const QByteArray& bytes) {
                  static_cast<long long>(bytes.size()));
         return;
     }
+    if (mPaced && mPending.isEmpty()) {
+        // An idle UART lets a FIFO's worth go at once; after that the line rate rules.
+        mAllowance = kMaxBurstBytes;
+        mPaceClock.restart();
+    }
     mPending.append(bytes);
     drain();
 }
@@ -127,8 +132,7 @@ void SerialLine::drain() {
     if (mPaced) {
         const double elapsedSeconds = static_cast<double>(mPaceClock.nsecsElapsed()) / 1e9;
         mPaceClock.restart();
-        mAllowance = qMin(mAllowance + elapsedSeconds * kLineBytesPerSecond,
-                          qMax(kMaxBurstBytes, mAllowance));
+        mAllowance += elapsedSeconds * kLineBytesPerSecond;
         budget = qMin(budget, static_cast<qint64>(mAllowance));
     }
     const qint64 written = budget > 0 ? writeNow(mPending.constData(), budget) : 0;
