@@ -90,7 +90,15 @@ void SerialLine::readPty() {
             emit bytesReceived(QByteArray(buffer, static_cast<qsizetype>(count)));
             continue;
         }
-        return; // EAGAIN: all read for now
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0 && errno != EAGAIN && errno != EWOULDBLOCK) {
+            // Not expected while the simulator holds the slave open; never spin on it.
+            qWarning("Line read failed: %s", std::strerror(errno));
+            mReadNotifier->setEnabled(false);
+        }
+        return;
     }
 }
 

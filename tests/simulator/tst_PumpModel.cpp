@@ -1,0 +1,126 @@
+// The simulated machine in simulated time: ramps, what stops the motor, the inputs that command
+// it, and the faults that arise on their own.
+
+#include "tools/pump-simulator/PumpCatalogue.h"
+#include "tools/pump-simulator/PumpModel.h"
+
+#include <QTest>
+
+using simulator::PumpModel;
+using simulator::SimulatorOptions;
+using simulator::SpeedInput;
+
+namespace {
+void run(PumpModel& model, int ms) {
+    for (int t = 0; t < ms; t += PumpModel::kTickMs) {
+        model.advance(PumpModel::kTickMs);
+    }
+}
+} // namespace
+
+class tst_PumpModel : public QObject {
+    Q_OBJECT
+
+private slots:
+    void ramps_followAccelerationAndDeceleration() {
+        SimulatorOptions options;
+        simulator::SimulatorClock clock;
+        PumpModel model(options, clock);
+        QVERIFY(model.setAcceleration(100.0F)); // 1000 drpm per second
+        QVERIFY(model.setDeceleration(500.0F));
+        QVERIFY(model.setApplicationSpeed(1000));
+        run(model, 500);
+        QCOMPARE(model.actualSpeedDrpm(), 500);
+        QVERIFY(model.energised());
+        QVERIFY(model.aligned()); // a stepper aligns within 300 ms
+        run(model, 600);
+        QCOMPARE(model.actualSpeedDrpm(), 1000);
+        // Reversing: down at the deceleration rate, through standstill, up at the acceleration.
+        QVERIFY(model.setApplicationSpeed(-1000));
+        run(model, 200);
+        QCOMPARE(model.actualSpeedDrpm(), 0);
+        QCOMPARE(model.direction(), std::uint8_t{0});
+        run(model, 300);
+        QCOMPARE(model.actualSpeedDrpm(), -300);
+        QCOMPARE(model.direction(), std::uint8_t{1});
+        QVERIFY(!model.setApplicationSpeed(3001));
+    }
+
+    void coverAndFaults_stopTheMotorAndOnlyTheWarningLetsItRun() {
+        SimulatorOptions options;
+        simulator::SimulatorClock clock;
+        PumpModel model(options, clock);
+        QVERIFY(model.setApplicationSpeed(800));
+        model.setCoverOpen(true);
+        QCOMPARE(model.targetSpeedDrpm(), 0);
+        model.setCoverOpen(false);
+        QCOMPARE(model.targetSpeedDrpm(), 800);
+        QVERIFY(model.raiseFault(simulator::catalogue::kFaultOverTemperatureWarning));
+        QCOMPARE(model.targetSpeedDrpm(), 800);
+        QVERIFY(model.raiseFault(5));
+        QCOMPARE(model.targetSpeedDrpm(), 0);
+        QCOMPARE(model.faults(), std::uint32_t{(1u << 5) | (1u << 6)});
+        model.acknowledgeFaults();
+        QCOMPARE(model.faults(), std::uint32_t{0});
+        QCOMPARE(model.targetSpeedDrpm(), 800);
+        QVERIFY(!model.raiseFault(0));
+        QVERIFY(!model.raiseFault(15));
+    }
+
+    void heat_raisesOverTemperatureFaultsThatPersistWhileHot() {
+        SimulatorOptions options;
+        simulator::SimulatorClock clock;
+        PumpModel model(options, clock);
+        model.setHeat(70.0);
+        run(model, 30000);
+        QVERIFY(model.faults() & (1u << simulator::catalogue::kFaultOverTemperatureWarning));
+        QVERIFY(model.trueTemperatureC() > PumpModel::kWarningTemperatureC);
+        model.acknowledgeFaults(); // still hot: the warning comes straight back
+        QVERIFY(model.faults() & (1u << simulator::catalogue::kFaultOverTemperatureWarning));
+        run(model, 60000);
+        QVERIFY(model.faults() & (1u << simulator::catalogue::kFaultOverTemperatureShutdown));
+        model.setHeat(0.0);
+        run(model, 60000);
+        model.acknowledgeFaults();
+        QCOMPARE(model.faults(), std::uint32_t{0});
+        QVERIFY(model.eventLog().entries().join('|').contains("Fault: Over temperature shutdown"));
+    }
+
+    void inputs_commandTheSpeedThroughTheControlInput() {
+        SimulatorOptions options;
+        simulator::SimulatorClock clock;
+        PumpModel model(options, clock);
+        QVERIFY(model.setControlInput(3)); // current
+        model.setAnalogInput(SpeedInput::Current, 20000.0);
+        QVERIFY(model.commandedSpeedDrpm(SpeedInput::Current) >= 2990);
+        QCOMPARE(static_cast<std::uint32_t>(model.targetSpeedDrpm()),
+                 model.commandedSpeedDrpm(SpeedInput::Current));
+        // Within the hysteresis (100 uA) the commanded speed does not move.
+        const std::uint32_t before = model.commandedSpeedDrpm(SpeedInput::Current);
+        model.setAnalogInput(SpeedInput::Current, 19960.0);
+        QCOMPARE(model.commandedSpeedDrpm(SpeedInput::Current), before);
+
+        QVERIFY(model.setControlInput(1)); // enable line
+        QCOMPARE(model.targetSpeedDrpm(), 0);
+        model.setEnableLine(true);
+        QCOMPARE(model.targetSpeedDrpm(), 1000);
+        model.setPrimeInput(true); // prime wins over the control input
+        QCOMPARE(model.targetSpeedDrpm(), 2000);
+        QVERIFY(!model.setControlInput(7));
+    }
+
+    void filterData_spreadShrinksWithTheSampleCount() {
+        SimulatorOptions options;
+        simulator::SimulatorClock clock;
+        PumpModel model(options, clock);
+        QVERIFY(model.setNumSamples(SpeedInput::Voltage, 1));
+        const simulator::FilterData one = model.nextFilterData(SpeedInput::Voltage);
+        QVERIFY(model.setNumSamples(SpeedInput::Voltage, 256));
+        const simulator::FilterData many = model.nextFilterData(SpeedInput::Voltage);
+        QVERIFY(one.outputVariance > 100.0F * many.outputVariance);
+        QVERIFY(many.inputVariance > 100.0F * many.outputVariance);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_PumpModel)
+#include "tst_PumpModel.moc"
