@@ -1,8 +1,12 @@
 // The simulated machine in simulated time: ramps, what stops the motor, the inputs that command
 // it, and the faults that arise on their own.
 
+#include "tools/pump-simulator/Console.h"
 #include "tools/pump-simulator/PumpCatalogue.h"
 #include "tools/pump-simulator/PumpModel.h"
+#include "tools/pump-simulator/PumpSimulator.h"
+
+#include <QSignalSpy>
 
 #include <QTest>
 
@@ -119,6 +123,40 @@ private slots:
         const simulator::FilterData many = model.nextFilterData(SpeedInput::Voltage);
         QVERIFY(one.outputVariance > 100.0F * many.outputVariance);
         QVERIFY(many.inputVariance > 100.0F * many.outputVariance);
+    }
+
+    void console_commandsDriveTheMachine() {
+        SimulatorOptions options;
+        simulator::PumpSimulator pump(options); // no line needed
+        simulator::Console console(pump);
+        PumpModel& model = pump.model();
+        QVERIFY(console.execute("help").contains("cover open|close"));
+        QCOMPARE(console.execute("cover open"), QStringLiteral("cover open"));
+        QVERIFY(model.coverOpen());
+        QCOMPARE(console.execute("cover close"), QStringLiteral("cover closed"));
+        QCOMPARE(console.execute("fault 2"), QStringLiteral("fault 2 raised: Undervoltage"));
+        QCOMPARE(console.execute("fault 0"), QStringLiteral("fault: give a fault type 1..14"));
+        QCOMPARE(console.execute("ack"),
+                 QStringLiteral("faults acknowledged, fault word 0x00000000"));
+        QCOMPARE(console.execute("prime on"), QStringLiteral("prime input on"));
+        QVERIFY(model.primeInputActive());
+        QCOMPARE(console.execute("prime off"), QStringLiteral("prime input off"));
+        QCOMPARE(console.execute("enable on"), QStringLiteral("enable line on"));
+        QVERIFY(model.enableLineAsserted());
+        QCOMPARE(console.execute("input voltage 10000"), QStringLiteral("voltage input 10000"));
+        QVERIFY(model.commandedSpeedDrpm(SpeedInput::Voltage) >= 2990);
+        QVERIFY(console.execute("input pressure 3").startsWith("input: give"));
+        QCOMPARE(console.execute("heat 80"), QStringLiteral("heating by 80 C"));
+        run(model, 30000);
+        QVERIFY(model.faults() & (1u << simulator::catalogue::kFaultOverTemperatureWarning));
+        QCOMPARE(console.execute("cool"), QStringLiteral("cooling"));
+        QVERIFY(console.execute("status").contains("session closed"));
+        QVERIFY(console.execute("log").contains("Prime started"));
+        QCOMPARE(console.execute("restart"), QStringLiteral("restarting"));
+        QVERIFY(model.eventLog().entries().last().contains("Power on"));
+        QSignalSpy quit(&console, &simulator::Console::quitRequested);
+        QCOMPARE(console.execute("quit"), QStringLiteral("bye"));
+        QCOMPARE(quit.count(), 1);
     }
 };
 

@@ -228,9 +228,20 @@ private slots:
         QCOMPARE(rig.askHex(6, 1, 4, Operation::Reset), kAck);
         QCOMPARE(rig.askHex(6, 1, 4, Operation::Get),
                  ackWith(fromHex("00c0a8000affffff00c0a80001")));
+        QCOMPARE(rig.askHex(6, 1, 4, Operation::Set, fromHex("010a000005ff0000000a00000101")),
+                 kAck);
+        QCOMPARE(rig.askHex(6, 1, 4, Operation::SetDef), kAck);
+        QCOMPARE(rig.askHex(6, 1, 4, Operation::Get),
+                 ackWith(fromHex("00c0a8000affffff00c0a80001")));
         QCOMPARE(rig.askHex(6, 1, 6, Operation::Reset), kAck);
         QCOMPARE(rig.askHex(6, 1, 1, Operation::Get), ackWith(fromHex("01")));
         QCOMPARE(rig.askHex(6, 1, 2, Operation::Get), ackWith(fromHex("020107")));
+        // Link status is published only: link up, port 1, IP established.
+        QVERIFY(rig.startSession());
+        QCOMPARE(rig.askHex(6, 1, 5, Operation::Sub, fromHex("e80301")), kAck);
+        QTRY_VERIFY(!rig.app().updatesOf(6, 1, 5).isEmpty());
+        QCOMPARE(rig.app().updatesOf(6, 1, 5).first().message.payloadLength, std::uint16_t{1});
+        QCOMPARE(rig.app().updatesOf(6, 1, 5).first().message.payload[0], std::uint8_t{0x0B});
     }
 
     void loggerObject_readsEntriesToAnEmptyEndAndClears() {

@@ -5,6 +5,7 @@
 
 #include <QSocketNotifier>
 
+#include <cerrno>
 #include <cstdio>
 #include <optional>
 #include <unistd.h>
@@ -56,8 +57,13 @@ void Console::start() {
 void Console::readInput() {
     char buffer[512];
     const ssize_t count = ::read(STDIN_FILENO, buffer, sizeof buffer);
+    if (count < 0 && (errno == EINTR || errno == EAGAIN)) {
+        return;
+    }
     if (count <= 0) {
-        mNotifier->setEnabled(false); // end of input: the pump runs on without a console
+        // End of input, or a terminal we may not read in the background: the pump runs on
+        // without a console.
+        mNotifier->setEnabled(false);
         return;
     }
     mPartialLine.append(buffer, static_cast<qsizetype>(count));

@@ -33,6 +33,10 @@ PumpSimulator::PumpSimulator(const SimulatorOptions& options, QObject* parent)
     mSilenceWatch.setInterval(50);
     connect(&mSilenceWatch, &QTimer::timeout, this, &PumpSimulator::checkSilence);
     connect(&mLink, &PumpLink::frameReceived, this, [this]() { mSinceLastFrame.restart(); });
+    connect(&mLine, &SerialLine::lost, this, [this](const QString& reason) {
+        qWarning("Line lost: %s", qPrintable(reason));
+        unplug();
+    });
     mSinceLastFrame.start();
 }
 

@@ -77,6 +77,12 @@ bool SerialLine::openDevice(const QString& path, QString& error) {
     connect(mPort, &QSerialPort::readyRead, this,
             [this]() { emit bytesReceived(mPort->readAll()); });
     connect(mPort, &QSerialPort::bytesWritten, this, &SerialLine::drain);
+    connect(mPort, &QSerialPort::errorOccurred, this,
+            [this](QSerialPort::SerialPortError portError) {
+                if (portError == QSerialPort::ResourceError) {
+                    emit lost(mPort->errorString());
+                }
+            });
     mOpen = true;
     mPaceClock.start();
     return true;

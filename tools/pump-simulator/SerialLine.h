@@ -37,6 +37,8 @@ public:
 
 signals:
     void bytesReceived(const QByteArray& bytes);
+    /// The device went away (a USB adapter pulled out).
+    void lost(const QString& reason);
 
 private:
     void readPty();

@@ -32,6 +32,11 @@ bool installSignalHandlers() {
     action.sa_handler = onSignal;
     sigemptyset(&action.sa_mask);
     action.sa_flags = SA_RESTART;
+    // A script may close our output pipes once it has the port, and a job started in the
+    // background of a shell must not be stopped for reading the terminal: ignore both signals,
+    // the calls then fail harmlessly instead.
+    ::signal(SIGPIPE, SIG_IGN);
+    ::signal(SIGTTIN, SIG_IGN);
     return ::sigaction(SIGINT, &action, nullptr) == 0 &&
            ::sigaction(SIGTERM, &action, nullptr) == 0;
 }

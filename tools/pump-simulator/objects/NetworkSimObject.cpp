@@ -80,6 +80,7 @@ void NetworkSimObject::onRequest(const Message& request) {
         return;
     }
     case msg::Operation::Reset:
+    case msg::Operation::SetDef: // a reset of the IP configuration is its set-default
         if (request.attribute == attribute::kIpConfig) {
             mModel.resetIpConfig();
         } else if (request.attribute == attribute::kFileSystem) {
