@@ -14,11 +14,13 @@ bool FrameLog::open(const QString& path, QString& error) {
     if (path.isEmpty()) {
         return true;
     }
-    const bool ok =
-        path == QLatin1String("-")
-            ? mFile.open(stderr, QIODevice::WriteOnly | QIODevice::Text)
-            : (mFile.setFileName(path),
-               mFile.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text));
+    bool ok = false;
+    if (path == QLatin1String("-")) {
+        ok = mFile.open(stderr, QIODevice::WriteOnly | QIODevice::Text);
+    } else {
+        mFile.setFileName(path);
+        ok = mFile.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text);
+    }
     if (!ok) {
         error = QStringLiteral("Cannot open frame log %1: %2").arg(path, mFile.errorString());
     }

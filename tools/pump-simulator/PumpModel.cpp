@@ -12,6 +12,11 @@ namespace {
 constexpr quint64 kMeasurementSalt = 0x5851F42D4C957F2Dull;
 constexpr quint64 kFilterSalt = 0x14057B7EF767814Full;
 constexpr double kAmbientC = 25.0;
+constexpr double kIdlePowerW = 0.5;        // the electronics alone
+constexpr double kRunningBasePowerW = 3.0; // energised at standstill
+constexpr double kPowerPerRpmW = 0.04;
+constexpr double kAccelerationPowerW = 2.0;
+constexpr double kHeatingCPerW = 0.8;
 constexpr double kThermalTimeConstantS = 10.0;
 constexpr double kNominalBusMv = 24000.0;
 constexpr double kEncoderCountsPerRevolution = 4000.0;
@@ -36,7 +41,7 @@ PumpModel::PumpModel(const SimulatorOptions& options, SimulatorClock& clock, QOb
     , mMeasurementNoise(seedOf(options.seed, kMeasurementSalt))
     , mFilterNoise(seedOf(options.seed, kFilterSalt)) {
     mSettings.headType = options.headType;
-    mTemperature = kAmbientC + 0.8 * 0.5;
+    mTemperature = kAmbientC + kHeatingCPerW * kIdlePowerW; // settled at idle
     restart();
 }
 
@@ -51,7 +56,7 @@ void PumpModel::restart() {
     mEnergised = false;
     mAligned = false;
     mEnergisedMs = 0;
-    mPower = 0.5;
+    mPower = kIdlePowerW;
     for (std::size_t i = 0; i < kSpeedInputCount; ++i) {
         mInputsSeen[i] = mInputs[i];
     }
@@ -148,8 +153,10 @@ void PumpModel::step(double seconds) {
     mEncoder.revolutions =
         static_cast<std::uint32_t>(std::abs(mEncoderCounts) / kEncoderCountsPerRevolution);
 
-    mPower = mEnergised ? 3.0 + 0.04 * std::abs(rpm) + (speedingUp ? 2.0 : 0.0) : 0.5;
-    const double settleTo = kAmbientC + 0.8 * mPower + mHeat;
+    mPower = mEnergised ? kRunningBasePowerW + kPowerPerRpmW * std::abs(rpm) +
+                              (speedingUp ? kAccelerationPowerW : 0.0)
+                        : kIdlePowerW;
+    const double settleTo = kAmbientC + kHeatingCPerW * mPower + mHeat;
     mTemperature += (settleTo - mTemperature) * qMin(1.0, seconds / kThermalTimeConstantS);
     checkTemperature();
 }

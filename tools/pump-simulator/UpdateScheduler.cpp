@@ -55,6 +55,11 @@ void UpdateScheduler::scan() {
         if (!send || value.isEmpty()) {
             continue;
         }
+        if (subscription.onChange && subscription.periodMs > 0) {
+            // With on-change the period is a heartbeat: at least one update per period, and a
+            // change sent just now counts as this period's update.
+            subscription.nextDueMs = now + subscription.periodMs;
+        }
         object->sendUpdate(subscription.attribute, value);
         subscription.lastSent = value;
         subscription.sentOnce = true;

@@ -13,7 +13,7 @@ class SubscriptionTable;
 
 /// Sends the updates of subscribed attributes: at each subscription's period, and, for
 /// subscriptions with the on-change flag, as soon as the value's bytes differ from what was last
-/// sent. Runs only while a session is open.
+/// sent (the period then counts from the last update). Runs only while a session is open.
 class UpdateScheduler : public QObject {
     Q_OBJECT
 
