@@ -1,6 +1,21 @@
 #pragma once
 
+#include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogCalibrationObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogFilterObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogInputObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/DeviceObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareUpdateObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/OemDeviceObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/LoggerObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/MotorObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/MotorStepperObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/NetworkObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/PrimeObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolBandwidthObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolTestObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/PumpObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/SpeedCommanderObject.h"
 
 #include "Common/Protocol/ProtocolInterface.h"
 
@@ -17,7 +32,22 @@ class ProtocolObjectContainer final : public QObject {
     Q_OBJECT
 
     // One line per proxy. Each takes (ProtocolInterface&, QObject* parent).
-    using Proxies = std::tuple<objects::ProtocolObject*>;
+    using Proxies = std::tuple<objects::ProtocolObject*,
+                               objects::ProtocolTestObject*,
+                               objects::ProtocolBandwidthObject*,
+                               objects::DeviceObject*,
+                               objects::OemDeviceObject*,
+                               objects::FirmwareUpdateObject*,
+                               objects::PumpObject*,
+                               objects::PrimeObject*,
+                               objects::MotorObject*,
+                               objects::MotorStepperObject*,
+                               objects::AnalogInputObject*,
+                               objects::AnalogCalibrationObject*,
+                               objects::AnalogFilterObject*,
+                               objects::SpeedCommanderObject*,
+                               objects::NetworkObject*,
+                               objects::LoggerObject*>;
 
 public:
     static constexpr std::size_t kProxyCount = std::tuple_size_v<Proxies>;
