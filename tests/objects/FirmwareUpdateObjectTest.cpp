@@ -124,6 +124,22 @@ private slots:
         QCOMPARE(h.sentCount(), 4);
     }
 
+    void requestsLostWithAClearedLink_doNotBlockNewOnes() {
+        ProxyHarness h;
+        FirmwareUpdateObject update(h.protocol());
+        h.add(update);
+        for (uint32_t piece = 0; piece < 4; ++piece) {
+            QVERIFY(update.SendFirmwareData(1, piece * 16, QByteArray(16, '\x01')));
+        }
+        h.protocol().ClearRequestLog(); // their answers and time-outs never come
+        for (uint32_t piece = 4; piece < 9; ++piece) {
+            QVERIFY(update.SendFirmwareData(1, piece * 16, QByteArray(16, '\x01')));
+        }
+        h.clearSent();
+        h.timeOut();
+        QCOMPARE(h.sentCount(), 4); // the last four are repeated; the fifth replaced the oldest
+    }
+
     void answeredRequests_areNotRepeated() {
         ProxyHarness h;
         FirmwareUpdateObject update(h.protocol());

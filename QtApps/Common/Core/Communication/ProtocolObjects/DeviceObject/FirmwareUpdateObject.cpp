@@ -2,6 +2,8 @@
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProxyLog.h"
 
+#include <iterator>
+
 namespace communication::objects {
 
 using halyard::firmwareUpdate::FirmwareUpdateStatus;
@@ -64,28 +66,43 @@ bool FirmwareUpdateObject::SendFirmwareData(uint8_t bank, uint32_t offset, QByte
 
 // Sends the request message and keeps a copy for its repeats, with a retry count of 0.
 bool FirmwareUpdateObject::SendTracked() {
-    PendingRequest* slot = FreeSlot();
-    if (slot == nullptr) {
-        BWL_LOG_WARN("SendTracked",
-                     QStringLiteral("More than %1 requests outstanding").arg(kMaxOutstanding));
-        return false;
-    }
     if (!SendRequest()) {
         return false;
     }
-    slot->inUse = true;
-    slot->retryCount = 0;
-    slot->message = Request(); // with the id the request log gave it
+    PendingRequest& slot = SlotForNewRequest();
+    slot.inUse = true;
+    slot.retryCount = 0;
+    slot.sequence = ++mSequence;
+    slot.message = Request(); // with the id the request log gave it
+    ForgetOthersWithId(slot);
     return true;
 }
 
-FirmwareUpdateObject::PendingRequest* FirmwareUpdateObject::FreeSlot() {
+// A request whose answer never came back (the link was cleared, say) must not block the slots
+// for good: when none is free the oldest is given up.
+FirmwareUpdateObject::PendingRequest& FirmwareUpdateObject::SlotForNewRequest() {
+    PendingRequest* oldest = &mPending.front();
     for (PendingRequest& pending : mPending) {
         if (!pending.inUse) {
-            return &pending;
+            return pending;
+        }
+        if (pending.sequence < oldest->sequence) {
+            oldest = &pending;
         }
     }
-    return nullptr;
+    BWL_LOG_WARN("SendTracked", QStringLiteral("More than %1 requests outstanding, the oldest is "
+                                               "no longer repeated")
+                                    .arg(kMaxOutstanding));
+    return *oldest;
+}
+
+// The request log hands out only free ids, so an older entry with the same id is stale.
+void FirmwareUpdateObject::ForgetOthersWithId(const PendingRequest& current) {
+    for (PendingRequest& pending : mPending) {
+        if (&pending != &current && pending.inUse && pending.message.id == current.message.id) {
+            pending.inUse = false;
+        }
+    }
 }
 
 FirmwareUpdateObject::PendingRequest*
@@ -111,6 +128,7 @@ bool FirmwareUpdateObject::HandleTimeout(const ProtocolMessage& message) {
                      QStringLiteral("HandleRequestTimeout: Retry #%1").arg(pending->retryCount));
         // The message layer gives the repeat a fresh id, which the copy keeps for matching.
         if (Messaging().Send(pending->message)) {
+            ForgetOthersWithId(*pending);
             return true;
         }
     }

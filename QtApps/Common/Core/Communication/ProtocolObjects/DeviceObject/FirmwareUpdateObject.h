@@ -27,6 +27,8 @@ public:
     /// Largest piece of an image in one request: the payload less bank and offset.
     static constexpr std::size_t kMaxDataLength = halyard::protocol::kMaxPayloadLength - 5;
     static constexpr uint8_t kMaxSends = 4;
+    /// Requests kept for repeating. A pump that follows the transfer rules has at most three
+    /// outstanding (two pieces and a control request); a further one replaces the oldest.
     static constexpr std::size_t kMaxOutstanding = 4;
 
     explicit FirmwareUpdateObject(halyard::protocol::ProtocolInterface& protocol,
@@ -57,16 +59,19 @@ private:
     struct PendingRequest {
         bool inUse = false;
         uint8_t retryCount = 0;
+        uint32_t sequence = 0; ///< order of sending, to find the oldest
         ProtocolMessage message;
     };
 
     bool SendTracked();
     PendingRequest* FindPending(const ProtocolMessage& answer);
-    PendingRequest* FreeSlot();
+    PendingRequest& SlotForNewRequest();
+    void ForgetOthersWithId(const PendingRequest& current);
     bool HandleIncomingDataRequest(const ProtocolMessage& message);
     bool ReadAndRaiseStatusSignal(const ProtocolMessage& message);
 
     std::array<PendingRequest, kMaxOutstanding> mPending{};
+    uint32_t mSequence = 0;
 };
 
 } // namespace communication::objects
