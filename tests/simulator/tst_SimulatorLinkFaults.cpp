@@ -4,6 +4,7 @@
 #include "SimulatorRig.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -12,12 +13,23 @@ using namespace simtest;
 namespace {
 const QString kAck = QStringLiteral("00 01 00");
 
-/// Which of `count` pings were answered, as a string of 1 and 0.
+/// Which of `count` pings, sent back to back, were answered: a string of 1 and 0 by id.
 QString pingPattern(SimulatorRig& rig, int count) {
-    QString pattern;
+    AppSide& app = rig.app();
+    const qsizetype before = app.answers.size();
     for (int i = 0; i < count; ++i) {
-        pattern +=
-            rig.askHex(0, 0, 0, Operation::Get) == kAck ? QLatin1Char('1') : QLatin1Char('0');
+        app.request(0, 0, 0, Operation::Get);
+    }
+    QSignalSpy spy(&app, &AppSide::answered);
+    while (app.answers.size() < before + count) {
+        if (!spy.wait(3000)) {
+            return {};
+        }
+    }
+    QString pattern(count, QLatin1Char('?'));
+    for (const auto& answer : app.answers.mid(before)) {
+        pattern[answer.message.id] =
+            answer.message.type == Type::AckStatus ? QLatin1Char('1') : QLatin1Char('0');
     }
     return pattern;
 }
@@ -113,10 +125,10 @@ private slots:
         SimulatorRig second({"--drop-out", "0.5", "--seed", "42"});
         SimulatorRig other({"--drop-out", "0.5", "--seed", "43"});
         QVERIFY(first.ok() && second.ok() && other.ok());
-        const QString pattern = pingPattern(first, 12);
+        const QString pattern = pingPattern(first, 16);
         QVERIFY(pattern.contains('0') && pattern.contains('1'));
-        QCOMPARE(pingPattern(second, 12), pattern);
-        QVERIFY(pingPattern(other, 12) != pattern);
+        QCOMPARE(pingPattern(second, 16), pattern);
+        QVERIFY(pingPattern(other, 16) != pattern);
 
         // The filter data's noise: the same samples in the same order.
         QList<QByteArray> samples[2];
