@@ -4,8 +4,7 @@
 
 namespace halyard {
 
-std::string AssertText(const char* condition, std::string_view sourcePath, int line)
-{
+std::string AssertText(const char* condition, std::string_view sourcePath, int line) {
     std::string text = "ASSERT FAILED: \"";
     text += condition;
     text += "\" in ";
@@ -15,8 +14,7 @@ std::string AssertText(const char* condition, std::string_view sourcePath, int l
     return text;
 }
 
-void AssertFailed(const char* condition, std::string_view sourcePath, int line)
-{
+void AssertFailed(const char* condition, std::string_view sourcePath, int line) {
     throw std::runtime_error(AssertText(condition, sourcePath, line));
 }
 

@@ -20,8 +20,7 @@ using FieldBits = std::conditional_t<
 enum class ByteOrder { LittleEndian, BigEndian };
 
 template <typename T>
-void StoreField(std::uint8_t* out, T value, ByteOrder order)
-{
+void StoreField(std::uint8_t* out, T value, ByteOrder order) {
     static_assert(kIsPayloadField<T>, "payload fields are integers, enumerations or floats");
     FieldBits<T> bits{};
     std::memcpy(&bits, &value, sizeof(T));
@@ -32,14 +31,13 @@ void StoreField(std::uint8_t* out, T value, ByteOrder order)
 }
 
 template <typename T>
-T LoadField(const std::uint8_t* in, ByteOrder order)
-{
+T LoadField(const std::uint8_t* in, ByteOrder order) {
     static_assert(kIsPayloadField<T>, "payload fields are integers, enumerations or floats");
     FieldBits<T> bits{};
     for (std::size_t i = 0; i < sizeof(T); ++i) {
         const std::size_t at = order == ByteOrder::LittleEndian ? i : sizeof(T) - 1 - i;
-        bits = static_cast<FieldBits<T>>(bits | static_cast<FieldBits<T>>(
-                                                    static_cast<FieldBits<T>>(in[at]) << (8 * i)));
+        bits = static_cast<FieldBits<T>>(
+            bits | static_cast<FieldBits<T>>(static_cast<FieldBits<T>>(in[at]) << (8 * i)));
     }
     T value{};
     std::memcpy(&value, &bits, sizeof(T));

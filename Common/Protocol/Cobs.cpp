@@ -8,8 +8,7 @@ constexpr std::uint8_t kFullBlockCode = 0xFF;
 }
 
 std::int32_t Encode(std::uint8_t* out, std::size_t capacity, const std::uint8_t* in,
-                    std::size_t length)
-{
+                    std::size_t length) {
     if (capacity == 0) {
         return -1;
     }
@@ -38,8 +37,7 @@ std::int32_t Encode(std::uint8_t* out, std::size_t capacity, const std::uint8_t*
 }
 
 std::int32_t Decode(std::uint8_t* out, std::size_t capacity, const std::uint8_t* in,
-                    std::size_t length)
-{
+                    std::size_t length) {
     std::size_t read = 0;
     std::size_t written = 0;
     while (read < length) {
@@ -48,8 +46,7 @@ std::int32_t Decode(std::uint8_t* out, std::size_t capacity, const std::uint8_t*
             return -1;
         }
         const std::size_t blockLength = code - 1u;
-        if (capacity - written < blockLength ||
-            std::memchr(in + read, 0, blockLength) != nullptr) {
+        if (capacity - written < blockLength || std::memchr(in + read, 0, blockLength) != nullptr) {
             return -1;
         }
         if (blockLength != 0) {

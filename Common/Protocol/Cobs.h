@@ -7,7 +7,9 @@ namespace halyard::protocol::cobs {
 
 /// Largest COBS body that `length` message bytes can become: one code byte per 254 bytes and
 /// one for the closing block.
-constexpr std::size_t MaxEncodedLength(std::size_t length) { return length + length / 254 + 1; }
+constexpr std::size_t MaxEncodedLength(std::size_t length) {
+    return length + length / 254 + 1;
+}
 
 /// Standard COBS. Writes the encoding of `length` bytes to `out`; returns the encoded length, or
 /// -1 when it does not fit in `capacity`. A full 254-byte block is closed at once, so a message

@@ -13,13 +13,12 @@ constexpr std::size_t kFrameTrailer = 2; // end mark and delimiter
 
 CobsTransport::CobsTransport(std::uint8_t* ringStorage, std::size_t ringCapacity,
                              std::uint8_t* scratch, std::size_t scratchCapacity)
-    : mRing(ringStorage, ringCapacity), mScratch(scratch), mScratchCapacity(scratchCapacity)
-{
-}
+    : mRing(ringStorage, ringCapacity)
+    , mScratch(scratch)
+    , mScratchCapacity(scratchCapacity) {}
 
 std::int32_t CobsTransport::Encode(std::uint8_t* out, std::size_t outCapacity,
-                                   const std::uint8_t* message, std::size_t length)
-{
+                                   const std::uint8_t* message, std::size_t length) {
     if (length == 0) {
         return 0;
     }
@@ -39,13 +38,11 @@ std::int32_t CobsTransport::Encode(std::uint8_t* out, std::size_t outCapacity,
     return bodyLength + static_cast<std::int32_t>(kFrameTrailer);
 }
 
-std::size_t CobsTransport::DataIn(const std::uint8_t* data, std::size_t length)
-{
+std::size_t CobsTransport::DataIn(const std::uint8_t* data, std::size_t length) {
     return mRing.Write(data, length);
 }
 
-bool CobsTransport::FindStart(std::size_t& start) const
-{
+bool CobsTransport::FindStart(std::size_t& start) const {
     std::size_t from = 0;
     std::size_t zero = 0;
     while (mRing.FindByteFrom(from, kDelimiter, zero)) {
@@ -62,8 +59,7 @@ bool CobsTransport::FindStart(std::size_t& start) const
     return false;
 }
 
-bool CobsTransport::FindEnd(std::size_t start, std::size_t& end) const
-{
+bool CobsTransport::FindEnd(std::size_t start, std::size_t& end) const {
     std::size_t from = start + 1;
     std::size_t zero = 0;
     while (mRing.FindByteFrom(from, kDelimiter, zero)) {
@@ -78,8 +74,7 @@ bool CobsTransport::FindEnd(std::size_t start, std::size_t& end) const
     return false;
 }
 
-std::int32_t CobsTransport::DropUnfinishable()
-{
+std::int32_t CobsTransport::DropUnfinishable() {
     if (mRing.Free() != 0) {
         return 0;
     }
@@ -94,8 +89,7 @@ std::int32_t CobsTransport::DropUnfinishable()
     return -1;
 }
 
-std::int32_t CobsTransport::Decode(std::uint8_t* out, std::size_t outCapacity)
-{
+std::int32_t CobsTransport::Decode(std::uint8_t* out, std::size_t outCapacity) {
     if (mRing.Count() < 2) {
         return 0;
     }

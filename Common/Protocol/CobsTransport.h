@@ -10,8 +10,7 @@ namespace halyard::protocol {
 /// so the owner primes the receive buffer with one 0x00 to find the very first frame.
 ///
 /// All storage belongs to the owner, which keeps it alive as long as the transport.
-class CobsTransport final : public TransportInterface
-{
+class CobsTransport final : public TransportInterface {
 public:
     CobsTransport(std::uint8_t* ringStorage, std::size_t ringCapacity, std::uint8_t* scratch,
                   std::size_t scratchCapacity);

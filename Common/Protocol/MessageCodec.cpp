@@ -3,16 +3,16 @@
 namespace halyard::protocol::message {
 namespace {
 
-bool CarriesStatus(Type type) { return type == Type::AckStatus || type == Type::NakStatus; }
+bool CarriesStatus(Type type) {
+    return type == Type::AckStatus || type == Type::NakStatus;
+}
 
-std::uint8_t WireStatus(const ProtocolMessage& message)
-{
+std::uint8_t WireStatus(const ProtocolMessage& message) {
     return message.status == Status::OutOfRange ? message.statusRaw
                                                 : static_cast<std::uint8_t>(message.status);
 }
 
-std::uint8_t WireOperation(const ProtocolMessage& message)
-{
+std::uint8_t WireOperation(const ProtocolMessage& message) {
     return message.operation == Operation::OutOfRange
                ? message.operationRaw
                : static_cast<std::uint8_t>(message.operation);
@@ -20,9 +20,8 @@ std::uint8_t WireOperation(const ProtocolMessage& message)
 
 } // namespace
 
-SerialiseResult Serialise(const ProtocolMessage& message, std::uint8_t* out,
-                          std::size_t capacity, std::size_t& length)
-{
+SerialiseResult Serialise(const ProtocolMessage& message, std::uint8_t* out, std::size_t capacity,
+                          std::size_t& length) {
     if (static_cast<std::uint8_t>(message.type) > kLastType) {
         return SerialiseResult::TypeNotSet;
     }
@@ -58,8 +57,7 @@ SerialiseResult Serialise(const ProtocolMessage& message, std::uint8_t* out,
     return SerialiseResult::Ok;
 }
 
-ParseResult Parse(const std::uint8_t* data, std::size_t length, ProtocolMessage& message)
-{
+ParseResult Parse(const std::uint8_t* data, std::size_t length, ProtocolMessage& message) {
     PayloadReader in(data, length);
     message.payloadLength = 0;
     std::uint8_t type = 0;
@@ -78,8 +76,8 @@ ParseResult Parse(const std::uint8_t* data, std::size_t length, ProtocolMessage&
         }
         message.SetStatusRaw(raw);
     } else if (message.type == Type::Request) {
-        if (!in.Read(message.object) || !in.Read(message.instance) ||
-            !in.Read(message.attribute) || !in.Read(raw)) {
+        if (!in.Read(message.object) || !in.Read(message.instance) || !in.Read(message.attribute) ||
+            !in.Read(raw)) {
             return ParseResult::Truncated;
         }
         message.SetOperationRaw(raw);

@@ -23,8 +23,8 @@ enum class ParseResult : std::uint8_t {
 };
 
 /// Writes `message` to `out`; on Ok `length` holds the byte count.
-SerialiseResult Serialise(const ProtocolMessage& message, std::uint8_t* out,
-                          std::size_t capacity, std::size_t& length);
+SerialiseResult Serialise(const ProtocolMessage& message, std::uint8_t* out, std::size_t capacity,
+                          std::size_t& length);
 
 /// Reads one frame's bytes into `message`. The payload length field must account for exactly the
 /// bytes that follow it. A type byte past NakStatus leaves the type NotSet.

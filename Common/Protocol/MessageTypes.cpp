@@ -30,21 +30,28 @@ constexpr std::array<const char*, kLastStatus + 1> kStatusNames{"Success",
                                                                 "InvalidSubscribeRequest"};
 
 constexpr std::array<const char*, kLastStatus + 1> kStatusShortNames{
-    "Success",    "Failed",  "InvObj",        "InvInst",     "InvAtt", "InvOp",    "InvMsg",
-    "InvMsgId",   "InvMsgData", "NakRecv", "ReqAckTimeOut", "MaxSubsExcd", "NoSub", "InvSubReq"};
+    "Success",  "Failed",     "InvObj",  "InvInst",       "InvAtt",      "InvOp", "InvMsg",
+    "InvMsgId", "InvMsgData", "NakRecv", "ReqAckTimeOut", "MaxSubsExcd", "NoSub", "InvSubReq"};
 
 template <std::size_t N, typename Enum>
-const char* NameOf(const std::array<const char*, N>& names, Enum value)
-{
+const char* NameOf(const std::array<const char*, N>& names, Enum value) {
     const auto index = static_cast<std::size_t>(value);
     return index < N ? names[index] : kOutOfRangeName;
 }
 
 } // namespace
 
-const char* TypeName(Type type) { return NameOf(kTypeNames, type); }
-const char* OperationName(Operation operation) { return NameOf(kOperationNames, operation); }
-const char* StatusName(Status status) { return NameOf(kStatusNames, status); }
-const char* StatusShortName(Status status) { return NameOf(kStatusShortNames, status); }
+const char* TypeName(Type type) {
+    return NameOf(kTypeNames, type);
+}
+const char* OperationName(Operation operation) {
+    return NameOf(kOperationNames, operation);
+}
+const char* StatusName(Status status) {
+    return NameOf(kStatusNames, status);
+}
+const char* StatusShortName(Status status) {
+    return NameOf(kStatusShortNames, status);
+}
 
 } // namespace halyard::protocol::message

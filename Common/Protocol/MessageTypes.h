@@ -56,12 +56,10 @@ inline constexpr std::uint8_t kLastOperation = 12;
 inline constexpr std::uint8_t kLastStatus = 13;
 
 /// In-range form of a received byte: the value itself, or kOutOfRange past the last one.
-constexpr Operation ToOperation(std::uint8_t raw)
-{
+constexpr Operation ToOperation(std::uint8_t raw) {
     return raw <= kLastOperation ? static_cast<Operation>(raw) : Operation::OutOfRange;
 }
-constexpr Status ToStatus(std::uint8_t raw)
-{
+constexpr Status ToStatus(std::uint8_t raw) {
     return raw <= kLastStatus ? static_cast<Status>(raw) : Status::OutOfRange;
 }
 

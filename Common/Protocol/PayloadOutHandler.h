@@ -6,8 +6,7 @@
 namespace halyard::protocol {
 
 /// Sink for serialised messages: frames and queues them for the line.
-class PayloadOutHandler
-{
+class PayloadOutHandler {
 public:
     virtual ~PayloadOutHandler() = default;
     /// True when the message was queued whole.

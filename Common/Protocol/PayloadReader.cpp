@@ -2,8 +2,7 @@
 
 namespace halyard::protocol {
 
-bool PayloadReader::ReadBytes(std::uint8_t* out, std::size_t length)
-{
+bool PayloadReader::ReadBytes(std::uint8_t* out, std::size_t length) {
     if (Remaining() < length) {
         return false;
     }
@@ -12,8 +11,7 @@ bool PayloadReader::ReadBytes(std::uint8_t* out, std::size_t length)
     return true;
 }
 
-bool PayloadReader::ReadString(char* out, std::size_t capacity)
-{
+bool PayloadReader::ReadString(char* out, std::size_t capacity) {
     for (std::size_t i = 0; i < capacity && i < Remaining(); ++i) {
         const auto byte = static_cast<char>(mData[mPosition + i]);
         out[i] = byte;

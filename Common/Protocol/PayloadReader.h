@@ -6,8 +6,7 @@ namespace halyard::protocol {
 
 /// Read cursor over a received payload. Every read either takes the whole field and advances,
 /// or fails and leaves the cursor where it was.
-class PayloadReader
-{
+class PayloadReader {
 public:
     PayloadReader(const std::uint8_t* data, std::size_t length) : mData(data), mLength(length) {}
 
@@ -15,8 +14,7 @@ public:
     std::size_t Remaining() const { return mLength - mPosition; }
 
     template <typename T>
-    bool Read(T& value, ByteOrder order = ByteOrder::LittleEndian)
-    {
+    bool Read(T& value, ByteOrder order = ByteOrder::LittleEndian) {
         if (Remaining() < sizeof(T)) {
             return false;
         }

@@ -5,12 +5,11 @@
 namespace halyard::protocol {
 
 PayloadWriter::PayloadWriter(ProtocolMessage& message)
-    : mMessage(message), mData(message.payload.data()), mCapacity(message.payload.size())
-{
-}
+    : mMessage(message)
+    , mData(message.payload.data())
+    , mCapacity(message.payload.size()) {}
 
-bool PayloadWriter::WriteBytes(const std::uint8_t* data, std::size_t length)
-{
+bool PayloadWriter::WriteBytes(const std::uint8_t* data, std::size_t length) {
     if (Free() < length) {
         return false;
     }
@@ -19,8 +18,7 @@ bool PayloadWriter::WriteBytes(const std::uint8_t* data, std::size_t length)
     return true;
 }
 
-bool PayloadWriter::WriteString(const char* text, std::size_t capacity)
-{
+bool PayloadWriter::WriteString(const char* text, std::size_t capacity) {
     if (capacity == 0) {
         return false;
     }
@@ -37,6 +35,8 @@ bool PayloadWriter::WriteString(const char* text, std::size_t capacity)
     return true;
 }
 
-void PayloadWriter::Close() { mMessage.payloadLength = static_cast<std::uint16_t>(mPosition); }
+void PayloadWriter::Close() {
+    mMessage.payloadLength = static_cast<std::uint16_t>(mPosition);
+}
 
 } // namespace halyard::protocol

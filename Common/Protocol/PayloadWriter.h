@@ -8,8 +8,7 @@ struct ProtocolMessage;
 
 /// Write cursor over a message's payload. A write either puts the whole field in and advances or
 /// fails and changes nothing; Close stores the written length as the payload length.
-class PayloadWriter
-{
+class PayloadWriter {
 public:
     explicit PayloadWriter(ProtocolMessage& message);
 
@@ -17,8 +16,7 @@ public:
     std::size_t Free() const { return mCapacity - mPosition; }
 
     template <typename T>
-    bool Write(T value, ByteOrder order = ByteOrder::LittleEndian)
-    {
+    bool Write(T value, ByteOrder order = ByteOrder::LittleEndian) {
         if (Free() < sizeof(T)) {
             return false;
         }

@@ -1,5 +1,4 @@
 #include "Protocol.h"
-
 #include "Assert.h"
 #include "MessageCodec.h"
 
@@ -10,20 +9,21 @@ using message::Type;
 
 Protocol::Protocol(std::uint8_t* transmitBuffer, std::size_t transmitBufferSize,
                    ProtocolRequestLogInterface& requestLog)
-    : mRequestLog(requestLog), mTransmitBuffer(transmitBuffer),
-      mTransmitBufferSize(transmitBufferSize)
-{
+    : mRequestLog(requestLog)
+    , mTransmitBuffer(transmitBuffer)
+    , mTransmitBufferSize(transmitBufferSize) {}
+
+void Protocol::SetPayloadOutHandler(PayloadOutHandler* handler) {
+    mPayloadOutHandler = handler;
 }
 
-void Protocol::SetPayloadOutHandler(PayloadOutHandler* handler) { mPayloadOutHandler = handler; }
-
-void Protocol::ClearRequestLog() { mRequestLog.ClearAll(); }
+void Protocol::ClearRequestLog() {
+    mRequestLog.ClearAll();
+}
 
 // The two assertion texts name this file and the line of each check, and callers (and tests)
 // match them to the letter: keep both checks on the lines where they stand.
-// A handler is never removed, so the table only grows.
-std::size_t Protocol::RegisterMessageHandler(ProtocolMessageHandler* messageHandler)
-{
+std::size_t Protocol::RegisterMessageHandler(ProtocolMessageHandler* messageHandler) {
     HALYARD_ASSERT(messageHandler != nullptr);
 
     const bool spaceAvailableForNewMessageHandler = mHandlerCount < kMaxMessageHandlers;
@@ -34,16 +34,14 @@ std::size_t Protocol::RegisterMessageHandler(ProtocolMessageHandler* messageHand
     return mHandlerCount;
 }
 
-bool Protocol::Send(ProtocolMessage& message)
-{
+bool Protocol::Send(ProtocolMessage& message) {
     if (message.type == Type::Request && mRequestLog.AddRequestHeader(message) != kRequestLogged) {
         return false;
     }
     return Transmit(message);
 }
 
-bool Protocol::Transmit(const ProtocolMessage& message)
-{
+bool Protocol::Transmit(const ProtocolMessage& message) {
     std::size_t length = 0;
     if (message::Serialise(message, mTransmitBuffer, mTransmitBufferSize, length) !=
         message::SerialiseResult::Ok) {
@@ -52,8 +50,7 @@ bool Protocol::Transmit(const ProtocolMessage& message)
     return mPayloadOutHandler != nullptr && mPayloadOutHandler->PayloadOut(mTransmitBuffer, length);
 }
 
-Status Protocol::Receive(ProtocolMessage& message)
-{
+Status Protocol::Receive(ProtocolMessage& message) {
     switch (message.type) {
     case Type::Request: {
         const Status status = Dispatch(message);
@@ -79,8 +76,7 @@ Status Protocol::Receive(ProtocolMessage& message)
     }
 }
 
-Status Protocol::Dispatch(const ProtocolMessage& message)
-{
+Status Protocol::Dispatch(const ProtocolMessage& message) {
     bool objectKnown = false;
     for (std::size_t i = 0; i < mHandlerCount; ++i) {
         ProtocolMessageHandler* handler = mHandlers[i];
@@ -95,12 +91,10 @@ Status Protocol::Dispatch(const ProtocolMessage& message)
     return objectKnown ? Status::InvalidInstance : Status::InvalidObject;
 }
 
-Status Protocol::ReceiveBytes(const std::uint8_t* data, std::int32_t length)
-{
+Status Protocol::ReceiveBytes(const std::uint8_t* data, std::int32_t length) {
     ProtocolMessage message;
-    if (length < 0 ||
-        message::Parse(data, static_cast<std::size_t>(length), message) !=
-            message::ParseResult::Ok) {
+    if (length < 0 || message::Parse(data, static_cast<std::size_t>(length), message) !=
+                          message::ParseResult::Ok) {
         return Status::InvalidMessage;
     }
     return Receive(message);

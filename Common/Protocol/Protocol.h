@@ -12,8 +12,7 @@ namespace halyard::protocol {
 /// message to the handler registered for its object and instance. The link is symmetric: the
 /// other side's requests reach the same handlers, and unknown objects or instances are refused
 /// here with InvalidObject or InvalidInstance.
-class Protocol final : public ProtocolInterface
-{
+class Protocol final : public ProtocolInterface {
 public:
     static constexpr std::size_t kMaxMessageHandlers = 20;
 

@@ -5,8 +5,7 @@ namespace halyard::protocol {
 using message::Status;
 using message::Type;
 
-bool ProtocolBaseObject::Reply(const ProtocolMessage& request, Type type, Status status) const
-{
+bool ProtocolBaseObject::Reply(const ProtocolMessage& request, Type type, Status status) const {
     ProtocolMessage reply;
     reply.id = request.id;
     reply.object = request.object;
@@ -20,23 +19,19 @@ bool ProtocolBaseObject::Reply(const ProtocolMessage& request, Type type, Status
     return mProtocol.Send(reply);
 }
 
-bool ProtocolBaseObject::ReplySuccess(const ProtocolMessage& request) const
-{
+bool ProtocolBaseObject::ReplySuccess(const ProtocolMessage& request) const {
     return Reply(request, Type::AckStatus, Status::Success);
 }
 
-bool ProtocolBaseObject::ReplyInvalidAttribute(const ProtocolMessage& request) const
-{
+bool ProtocolBaseObject::ReplyInvalidAttribute(const ProtocolMessage& request) const {
     return Reply(request, Type::NakStatus, Status::InvalidAttribute);
 }
 
-bool ProtocolBaseObject::ReplyInvalidOperation(const ProtocolMessage& request) const
-{
+bool ProtocolBaseObject::ReplyInvalidOperation(const ProtocolMessage& request) const {
     return Reply(request, Type::NakStatus, Status::InvalidOperation);
 }
 
-bool ProtocolBaseObject::ReplyInvalidMessageData(const ProtocolMessage& request) const
-{
+bool ProtocolBaseObject::ReplyInvalidMessageData(const ProtocolMessage& request) const {
     return Reply(request, Type::NakStatus, Status::InvalidMessageData);
 }
 

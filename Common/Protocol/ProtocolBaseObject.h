@@ -7,8 +7,7 @@ namespace halyard::protocol {
 /// Base of every protocol object: holds the message layer it sends through and answers the
 /// other side's requests. Each reply keeps the request's id and header, carries no payload and
 /// goes straight back through the message layer.
-class ProtocolBaseObject
-{
+class ProtocolBaseObject {
 public:
     explicit ProtocolBaseObject(ProtocolInterface& protocol) : mProtocol(protocol) {}
     virtual ~ProtocolBaseObject() = default;

@@ -7,8 +7,7 @@
 namespace halyard::protocol {
 
 /// The message layer as its owner and the protocol objects see it.
-class ProtocolInterface : public ProtocolMessagingInterface
-{
+class ProtocolInterface : public ProtocolMessagingInterface {
 public:
     virtual void SetPayloadOutHandler(PayloadOutHandler* handler) = 0;
     /// Appends a handler; returns the new number of handlers. Handlers stay registered for the

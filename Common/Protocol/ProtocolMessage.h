@@ -13,8 +13,7 @@ inline constexpr std::size_t kMaxPayloadLength = 1280;
 /// One message of the link, in memory. Operation and status keep both their in-range form
 /// (kOutOfRange for a byte past the enumeration) and the byte itself, so that an unknown value
 /// survives a round trip unchanged.
-struct ProtocolMessage
-{
+struct ProtocolMessage {
     std::uint8_t id = 0;
     message::Type type = message::Type::NotSet;
     std::uint8_t object = 0;

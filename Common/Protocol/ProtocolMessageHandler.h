@@ -6,13 +6,11 @@ namespace halyard::protocol {
 
 /// Receives the messages addressed to one object instance. The message layer routes by the pair
 /// (object id, instance) given at construction.
-class ProtocolMessageHandler
-{
+class ProtocolMessageHandler {
 public:
     ProtocolMessageHandler(std::uint8_t objectId, std::uint8_t instance)
-        : mObjectId(objectId), mInstance(instance)
-    {
-    }
+        : mObjectId(objectId)
+        , mInstance(instance) {}
     virtual ~ProtocolMessageHandler() = default;
 
     /// True when the message was consumed.

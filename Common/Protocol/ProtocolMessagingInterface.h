@@ -5,8 +5,7 @@
 namespace halyard::protocol {
 
 /// Sending and receiving single messages.
-class ProtocolMessagingInterface
-{
+class ProtocolMessagingInterface {
 public:
     virtual ~ProtocolMessagingInterface() = default;
 

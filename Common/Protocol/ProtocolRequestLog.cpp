@@ -3,27 +3,24 @@
 namespace halyard::protocol {
 
 ProtocolRequestLog::ProtocolRequestLog(std::uint32_t timeoutMs, device::SystemInterface& system)
-    : mTimeoutMs(timeoutMs), mSystem(system)
-{
+    : mTimeoutMs(timeoutMs)
+    , mSystem(system) {
     mTimeoutMessage.type = message::Type::NakStatus;
     mTimeoutMessage.SetStatus(message::Status::RequestAckTimeout);
     mTimeoutMessage.payloadLength = 0;
 }
 
-std::uint32_t ProtocolRequestLog::Now() const
-{
+std::uint32_t ProtocolRequestLog::Now() const {
     return static_cast<std::uint32_t>(mSystem.ElapsedMilliseconds());
 }
 
-void ProtocolRequestLog::ClearAll()
-{
+void ProtocolRequestLog::ClearAll() {
     for (Entry& entry : mEntries) {
         entry.inUse = false;
     }
 }
 
-std::uint8_t ProtocolRequestLog::AddRequestHeader(ProtocolMessage& message)
-{
+std::uint8_t ProtocolRequestLog::AddRequestHeader(ProtocolMessage& message) {
     for (std::size_t id = 0; id < kEntryCount; ++id) {
         Entry& entry = mEntries[id];
         if (entry.inUse) {
@@ -43,8 +40,7 @@ std::uint8_t ProtocolRequestLog::AddRequestHeader(ProtocolMessage& message)
     return kRequestLogFull;
 }
 
-bool ProtocolRequestLog::MatchResponse(ProtocolMessage& message)
-{
+bool ProtocolRequestLog::MatchResponse(ProtocolMessage& message) {
     Entry& entry = mEntries[message.id];
     if (!entry.inUse) {
         return true;
@@ -58,10 +54,11 @@ bool ProtocolRequestLog::MatchResponse(ProtocolMessage& message)
     return false;
 }
 
-void ProtocolRequestLog::Release(std::uint8_t id) { mEntries[id].inUse = false; }
+void ProtocolRequestLog::Release(std::uint8_t id) {
+    mEntries[id].inUse = false;
+}
 
-void ProtocolRequestLog::CheckTimeouts(ProtocolMessagingInterface& handler)
-{
+void ProtocolRequestLog::CheckTimeouts(ProtocolMessagingInterface& handler) {
     const std::uint32_t now = Now();
     for (std::size_t id = 0; id < kEntryCount; ++id) {
         const Entry& entry = mEntries[id];
@@ -72,8 +69,7 @@ void ProtocolRequestLog::CheckTimeouts(ProtocolMessagingInterface& handler)
     }
 }
 
-std::size_t ProtocolRequestLog::OutstandingCount() const
-{
+std::size_t ProtocolRequestLog::OutstandingCount() const {
     std::size_t count = 0;
     for (const Entry& entry : mEntries) {
         count += entry.inUse ? 1u : 0u;

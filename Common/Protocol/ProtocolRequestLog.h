@@ -13,8 +13,7 @@ namespace halyard::protocol {
 /// (responses carry only id, type and status), and reports a request unanswered for longer than
 /// the time-out once, as a NakStatus with status RequestAckTimeout. It never retries.
 class ProtocolRequestLog final : public ProtocolRequestLogInterface,
-                                 public ProtocolRequestTimeoutInterface
-{
+                                 public ProtocolRequestTimeoutInterface {
 public:
     static constexpr std::size_t kEntryCount = 256;
 
@@ -35,8 +34,7 @@ public:
     std::size_t OutstandingCount() const;
 
 private:
-    struct Entry
-    {
+    struct Entry {
         std::uint8_t object = 0xFF;
         std::uint8_t instance = 0xFF;
         std::uint8_t attribute = 0xFF;

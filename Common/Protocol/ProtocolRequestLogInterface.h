@@ -9,8 +9,7 @@ inline constexpr std::uint8_t kRequestLogged = 0;
 inline constexpr std::uint8_t kRequestLogFull = 2;
 
 /// Outstanding requests, by transaction id.
-class ProtocolRequestLogInterface
-{
+class ProtocolRequestLogInterface {
 public:
     virtual ~ProtocolRequestLogInterface() = default;
 

@@ -7,8 +7,7 @@
 namespace halyard::protocol {
 
 /// Turns requests that stay unanswered into time-out responses.
-class ProtocolRequestTimeoutInterface
-{
+class ProtocolRequestTimeoutInterface {
 public:
     virtual ~ProtocolRequestTimeoutInterface() = default;
 

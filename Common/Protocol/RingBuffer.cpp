@@ -6,19 +6,18 @@
 namespace halyard::protocol {
 
 RingBuffer::RingBuffer(std::uint8_t* storage, std::size_t capacity)
-    : mStorage(storage), mCapacity(capacity)
-{
-}
+    : mStorage(storage)
+    , mCapacity(capacity) {}
 
-std::size_t RingBuffer::Count() const
-{
+std::size_t RingBuffer::Count() const {
     return mCapacity == 0 ? 0 : (mCapacity - mRead + mWrite) % mCapacity;
 }
 
-std::size_t RingBuffer::Free() const { return mCapacity == 0 ? 0 : mCapacity - 1 - Count(); }
+std::size_t RingBuffer::Free() const {
+    return mCapacity == 0 ? 0 : mCapacity - 1 - Count();
+}
 
-std::size_t RingBuffer::Write(const std::uint8_t* data, std::size_t length)
-{
+std::size_t RingBuffer::Write(const std::uint8_t* data, std::size_t length) {
     const std::size_t taken = std::min(Free(), length);
     const std::size_t first = std::min(taken, mCapacity - mWrite);
     if (taken == 0) {
@@ -30,8 +29,7 @@ std::size_t RingBuffer::Write(const std::uint8_t* data, std::size_t length)
     return taken;
 }
 
-std::size_t RingBuffer::Read(std::uint8_t* out, std::size_t length)
-{
+std::size_t RingBuffer::Read(std::uint8_t* out, std::size_t length) {
     const std::size_t given = std::min(Count(), length);
     const std::size_t first = std::min(given, mCapacity - mRead);
     if (given == 0) {
@@ -43,15 +41,13 @@ std::size_t RingBuffer::Read(std::uint8_t* out, std::size_t length)
     return given;
 }
 
-void RingBuffer::Discard(std::size_t length)
-{
+void RingBuffer::Discard(std::size_t length) {
     if (mCapacity != 0) {
         mRead = (mRead + std::min(Count(), length)) % mCapacity;
     }
 }
 
-bool RingBuffer::PeekAt(std::size_t position, std::uint8_t& byte) const
-{
+bool RingBuffer::PeekAt(std::size_t position, std::uint8_t& byte) const {
     if (position >= Count()) {
         return false;
     }
@@ -59,8 +55,7 @@ bool RingBuffer::PeekAt(std::size_t position, std::uint8_t& byte) const
     return true;
 }
 
-bool RingBuffer::FindByteFrom(std::size_t position, std::uint8_t byte, std::size_t& found) const
-{
+bool RingBuffer::FindByteFrom(std::size_t position, std::uint8_t byte, std::size_t& found) const {
     // The frame search runs this over every received byte: scan the (at most two) contiguous
     // pieces with memchr rather than index modulo the capacity byte by byte.
     const std::size_t count = Count();
@@ -85,8 +80,7 @@ bool RingBuffer::FindByteFrom(std::size_t position, std::uint8_t byte, std::size
     return false;
 }
 
-void RingBuffer::Reset()
-{
+void RingBuffer::Reset() {
     mRead = 0;
     mWrite = 0;
 }

@@ -8,8 +8,7 @@ namespace halyard::protocol {
 /// A single-threaded circular byte queue over storage that the owner provides and keeps alive.
 /// One slot always stays free, so a ring of capacity N holds at most N - 1 bytes. Positions
 /// given to PeekAt and FindByteFrom count from the oldest byte.
-class RingBuffer
-{
+class RingBuffer {
 public:
     RingBuffer(std::uint8_t* storage, std::size_t capacity);
 

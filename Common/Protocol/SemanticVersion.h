@@ -4,14 +4,12 @@
 
 namespace halyard {
 
-struct SemanticVersion
-{
+struct SemanticVersion {
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
     std::uint8_t patch = 0;
 
-    friend bool operator==(const SemanticVersion& a, const SemanticVersion& b)
-    {
+    friend bool operator==(const SemanticVersion& a, const SemanticVersion& b) {
         return a.major == b.major && a.minor == b.minor && a.patch == b.patch;
     }
     friend bool operator!=(const SemanticVersion& a, const SemanticVersion& b) { return !(a == b); }

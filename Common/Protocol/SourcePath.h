@@ -11,8 +11,7 @@ namespace halyard {
 /// The path of a source file below the source root, without its extension, as log lines and
 /// assertion texts name it: "/src/bwl/Common/Protocol/Protocol.cpp" gives
 /// "Common/Protocol/Protocol". Evaluated at compile time when given __FILE__.
-constexpr std::string_view SourcePath(std::string_view file)
-{
+constexpr std::string_view SourcePath(std::string_view file) {
     constexpr std::string_view root{HALYARD_SOURCE_ROOT};
     if (!root.empty() && file.substr(0, root.size()) == root) {
         file.remove_prefix(root.size());

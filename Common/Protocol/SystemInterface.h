@@ -5,8 +5,7 @@
 namespace halyard::device {
 
 /// What the protocol library needs of the platform.
-class SystemInterface
-{
+class SystemInterface {
 public:
     virtual ~SystemInterface() = default;
 

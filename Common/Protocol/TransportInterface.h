@@ -6,8 +6,7 @@
 namespace halyard::protocol {
 
 /// Turns serialised messages into frames for the line and cuts frames out of received bytes.
-class TransportInterface
-{
+class TransportInterface {
 public:
     virtual ~TransportInterface() = default;
 
