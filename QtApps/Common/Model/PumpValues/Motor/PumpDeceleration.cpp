@@ -1,0 +1,18 @@
+#include "PumpDeceleration.h"
+
+namespace communication {
+
+using objects::MotorObject;
+
+PumpDeceleration::PumpDeceleration(ProtocolObjectContainer& container)
+    : SettableValue(container, MotorObject::Deceleration, "Deceleration", BWL_VALUE_SOURCE) {
+    setGetRequest("getDeceleration, can't send GetDeceleration", &MotorObject::GetDeceleration);
+    setSetRequest({"setDeceleration, can't send SetDeceleration",
+                   "retrySetDeceleration, can't send SetDeceleration"},
+                  &MotorObject::SetDeceleration);
+    readBackOn(&PumpDeceleration::onSetDecelerationAck);
+    forwardResponse(&MotorObject::getDecelerationResponse,
+                    &PumpDeceleration::onGetDecelerationResponse);
+}
+
+} // namespace communication

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "ProxyRequestSignals.h"
+#include "PumpValueBase.h"
+#include "ValueSource.h"
+
+#include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
+
+#include <type_traits>
+
+namespace communication {
+
+/// Default subscription of a streaming value.
+struct Subscription {
+    uint16_t periodMs;
+    bool onChange;
+};
+
+/// A pump value bound to one proxy of the object container. It lives on the container's thread,
+/// where the proxies run, and sends its requests through the proxy.
+template <typename Proxy>
+class ProxyValue : public PumpValueBase {
+protected:
+    /// Request-only value.
+    ProxyValue(ProtocolObjectContainer& container, uint8_t attribute, const char* name,
+               ValueSource source)
+        : PumpValueBase(attribute, QString::fromLatin1(name))
+        , mProxy(container.get<Proxy>())
+        , mSource(source) {
+        moveToThread(container.thread());
+    }
+
+    /// Streaming value: subscribes through the proxy.
+    ProxyValue(ProtocolObjectContainer& container, uint8_t attribute, const char* name,
+               Subscription subscription, ValueSource source)
+        : PumpValueBase(attribute, QString::fromLatin1(name), &container.get<Proxy>(),
+                        subscription.periodMs, subscription.onChange)
+        , mProxy(container.get<Proxy>())
+        , mSource(source) {
+        moveToThread(container.thread());
+        connectProxy(ProxyRequestSignals<Proxy>::subscribeAck, &PumpValueBase::onAckSubscribe);
+    }
+
+    Proxy& proxy() const { return mProxy; }
+
+    /// Calls the proxy's request with the arguments converted to its parameter types; a request
+    /// that could not be queued is logged with `refusedText` and otherwise ignored.
+    template <typename... Params, typename... Args>
+    bool send(RefusedText refusedText, bool (Proxy::*request)(Params...), const Args&... args) {
+        if ((mProxy.*request)(static_cast<std::decay_t<Params>>(args)...)) {
+            return true;
+        }
+        logRefusedSend(mSource, refusedText);
+        return false;
+    }
+
+    /// Hands a proxy signal to a slot of the value, converting the arguments (the proxies give
+    /// the pump's wire types, the values the types the screens use).
+    template <typename... SignalArgs, typename Value, typename... SlotArgs>
+    void forward(void (Proxy::*signal)(SignalArgs...), void (Value::*slot)(SlotArgs...)) {
+        auto* value = static_cast<Value*>(this);
+        connect(&mProxy, signal, value, [value, slot](SignalArgs... args) {
+            (value->*slot)(static_cast<std::decay_t<SlotArgs>>(args)...);
+        });
+    }
+
+    /// Connects a proxy signal to a slot of this value as it is; a null signal (the proxy has
+    /// none of that kind) connects nothing.
+    template <typename Signal, typename Receiver, typename... Args>
+    void connectProxy(Signal signal, void (Receiver::*slot)(Args...)) {
+        if constexpr (!std::is_null_pointer_v<Signal>) {
+            connect(&mProxy, signal, static_cast<Receiver*>(this), slot);
+        }
+    }
+
+    void logRefused(RefusedText text) const { logRefusedSend(mSource, text); }
+    const ValueSource& source() const { return mSource; }
+
+private:
+    Proxy& mProxy;
+    ValueSource mSource;
+};
+
+} // namespace communication

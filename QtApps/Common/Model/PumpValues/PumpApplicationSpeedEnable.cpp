@@ -1,0 +1,20 @@
+#include "PumpApplicationSpeedEnable.h"
+
+namespace communication {
+
+using objects::PumpObject;
+
+PumpApplicationSpeedEnable::PumpApplicationSpeedEnable(ProtocolObjectContainer& container)
+    : SettableValue(container, PumpObject::ApplicationSpeedEnable, "ApplicationSpeedEnable",
+                    BWL_VALUE_SOURCE) {
+    setGetRequest("getApplicationSpeedEnable, can't send GetApplicationSpeedEnable",
+                  &PumpObject::RequestGetApplicationSpeedEnable);
+    setSetRequest({"setApplicationSpeedEnable, can't send SetApplicationSpeedEnable",
+                   "retrySetApplicationSpeedEnable, can't send SetApplicationSpeedEnable"},
+                  &PumpObject::RequestSetApplicationSpeedEnable);
+    readBackOn(&PumpApplicationSpeedEnable::onSetApplicationSpeedEnableAck);
+    forwardResponse(&PumpObject::getApplicationSpeedEnableResponse,
+                    &PumpApplicationSpeedEnable::onGetApplicationSpeedEnableResponse);
+}
+
+} // namespace communication

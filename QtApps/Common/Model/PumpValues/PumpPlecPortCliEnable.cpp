@@ -1,0 +1,25 @@
+#include "PumpPlecPortCliEnable.h"
+
+namespace communication {
+
+using objects::OemDeviceObject;
+
+PumpPlecPortCliEnable::PumpPlecPortCliEnable(ProtocolObjectContainer& container)
+    : SettableValue(container, OemDeviceObject::PlecPortCliEnable, "PlecPortCliEnable",
+                    BWL_VALUE_SOURCE) {
+    setGetRequest("getCliEnable, can't send request",
+                  &OemDeviceObject::RequestGetPlecPortCliEnable);
+    setSetRequest({"setCliEnable, can't send request", "setCliEnable, can't send request"},
+                  &OemDeviceObject::RequestSetPlecPortCliEnable);
+    forwardResponse(&OemDeviceObject::receivedCliEnableAck,
+                    &PumpPlecPortCliEnable::onReceivedCliEnableAck);
+    connect(&proxy(), &OemDeviceObject::receivedSetAck, this,
+            [this](bool success, uint8_t attribute) {
+                if (success && attribute == this->attribute()) {
+                    onAckSetValue(attribute);
+                    onSetCliEnable();
+                }
+            });
+}
+
+} // namespace communication

@@ -1,0 +1,188 @@
+#include "LinkHarness.h"
+
+#include "QtApps/Common/Model/PumpValues/Motor/PumpActualSpeed.h"
+#include "QtApps/Common/Model/PumpValues/Motor/PumpCelerationLimits.h"
+#include "QtApps/Common/Model/PumpValues/PumpApplicationSpeed.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using communication::PumpApplicationSpeed;
+using communication::PumpValueBase;
+using communication::objects::MotorObject;
+using communication::objects::PumpObject;
+using Operation = LinkHarness::Operation;
+
+// The shapes of value on the real proxies and message layer: what goes out on the link, byte
+// for byte, and what the value reports.
+class ValueShapesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void settable_acknowledgedSetIsReadBackOnce();
+    void settable_unansweredSetIsSentThreeTimesThenAborted();
+    void settable_refusedSendIsDroppedWithoutRetry();
+    void settable_getTimeoutsRetryTheGetAndAnswersAcknowledgeIt();
+    void streaming_updatesAndAnswersReachTheSameSignal();
+    void readOnlyStream_subscribesWithItsDefaultsAndForwardsUpdates();
+    void getter_readsOnRequestAndGivesUpAfterThreeSends();
+};
+
+void ValueShapesTest::settable_acknowledgedSetIsReadBackOnce() {
+    LinkHarness link;
+    PumpApplicationSpeed speed(link.container());
+    QSignalSpy values(&speed, &PumpApplicationSpeed::getApplicationSpeedResponse);
+    QSignalSpy successes(&speed, &PumpValueBase::setSuccess);
+
+    speed.setApplicationSpeed(-1234);
+    QCOMPARE(link.sent().size(), 1u);
+    const auto set = link.lastSent();
+    QCOMPARE(set.object, uint8_t{2});
+    QCOMPARE(set.instance, uint8_t{1});
+    QCOMPARE(set.attribute, uint8_t{3});
+    QCOMPARE(set.operation, Operation::Set);
+    QCOMPARE(set.payloadLength, uint16_t{4});
+    QCOMPARE(set.payload[0], uint8_t{0x2E});
+    QCOMPARE(set.payload[3], uint8_t{0xFF});
+
+    link.acknowledge(set);
+    QCOMPARE(successes.count(), 1);
+    QCOMPARE(link.sent().size(), 2u);
+    QCOMPARE(link.countSent(2, 3, Operation::Get), 1u);
+
+    link.acknowledge(link.lastSent(), {0x2E, 0xFB, 0xFF, 0xFF});
+    QCOMPARE(values.count(), 1);
+    QCOMPARE(values.at(0).at(0).value<int32_t>(), -1234);
+    QCOMPARE(link.sent().size(), 2u);
+}
+
+void ValueShapesTest::settable_unansweredSetIsSentThreeTimesThenAborted() {
+    LinkHarness link;
+    PumpApplicationSpeed speed(link.container());
+    QSignalSpy aborts(&speed, &PumpValueBase::setValueAborted);
+
+    speed.setApplicationSpeed(500);
+    link.expireRequests();
+    link.expireRequests();
+    QCOMPARE(aborts.count(), 0);
+    link.expireRequests();
+    QCOMPARE(aborts.count(), 1);
+    link.expireRequests();
+
+    QCOMPARE(link.sent().size(), 3u);
+    QCOMPARE(link.countSent(2, 3, Operation::Set), 3u);
+    for (const auto& sent : link.sent()) {
+        QCOMPARE(sent.payload[0], uint8_t{0xF4});
+        QCOMPARE(sent.payload[1], uint8_t{0x01});
+    }
+
+    // A later set starts with a fresh count: it is acknowledged on its second try.
+    speed.setApplicationSpeed(600);
+    link.expireRequests();
+    link.acknowledge(link.lastSent());
+    QCOMPARE(link.countSent(2, 3, Operation::Set), 5u);
+    QCOMPARE(link.countSent(2, 3, Operation::Get), 1u);
+    QCOMPARE(aborts.count(), 1);
+}
+
+void ValueShapesTest::settable_refusedSendIsDroppedWithoutRetry() {
+    LinkHarness link;
+    PumpApplicationSpeed speed(link.container());
+    QSignalSpy retries(&speed, &PumpValueBase::retrySetValue);
+    link.refuseSends(true);
+    speed.setApplicationSpeed(10);
+    speed.getApplicationSpeed();
+    link.refuseSends(false);
+    QCOMPARE(link.sent().size(), 0u);
+    QCOMPARE(retries.count(), 0);
+}
+
+void ValueShapesTest::settable_getTimeoutsRetryTheGetAndAnswersAcknowledgeIt() {
+    LinkHarness link;
+    PumpApplicationSpeed speed(link.container());
+    QSignalSpy aborts(&speed, &PumpValueBase::getValueAborted);
+
+    speed.getApplicationSpeed();
+    link.expireRequests();
+    link.expireRequests();
+    link.acknowledge(link.lastSent(), {1, 0, 0, 0});
+    QCOMPARE(link.countSent(2, 3, Operation::Get), 3u);
+
+    // The answer restarted the count: two more time-outs are still retried.
+    speed.getApplicationSpeed();
+    link.expireRequests();
+    link.expireRequests();
+    QCOMPARE(aborts.count(), 0);
+    QCOMPARE(link.countSent(2, 3, Operation::Get), 6u);
+    link.expireRequests();
+    QCOMPARE(aborts.count(), 1);
+    QCOMPARE(link.countSent(2, 3, Operation::Get), 6u);
+}
+
+void ValueShapesTest::streaming_updatesAndAnswersReachTheSameSignal() {
+    LinkHarness link;
+    PumpApplicationSpeed speed(link.container());
+    QSignalSpy values(&speed, &PumpApplicationSpeed::getApplicationSpeedResponse);
+
+    speed.subscribe();
+    QCOMPARE(link.lastSent().operation, Operation::Sub);
+    QCOMPARE(link.lastSent().payloadLength, uint16_t{3});
+    QCOMPARE(link.lastSent().payload[0], uint8_t{0xE8});
+    QCOMPARE(link.lastSent().payload[1], uint8_t{0x03});
+    QCOMPARE(link.lastSent().payload[2], uint8_t{1});
+
+    link.update(PumpObject::kObjectId, PumpObject::kInstance, 3, {0x10, 0x27, 0, 0});
+    speed.getApplicationSpeed();
+    link.acknowledge(link.lastSent(), {0x20, 0x4E, 0, 0});
+    QCOMPARE(values.count(), 2);
+    QCOMPARE(values.at(0).at(0).value<int32_t>(), 10000);
+    QCOMPARE(values.at(1).at(0).value<int32_t>(), 20000);
+}
+
+void ValueShapesTest::readOnlyStream_subscribesWithItsDefaultsAndForwardsUpdates() {
+    LinkHarness link;
+    communication::PumpActualSpeed actual(link.container());
+    QSignalSpy changes(&actual, &communication::PumpActualSpeed::actualSpeedChanged);
+
+    actual.subscribe();
+    QCOMPARE(link.lastSent().object, MotorObject::kObjectId);
+    QCOMPARE(link.lastSent().attribute, uint8_t{3});
+    QCOMPARE(link.lastSent().payload[0], uint8_t{100});
+    QCOMPARE(link.lastSent().payload[2], uint8_t{0});
+
+    link.update(MotorObject::kObjectId, MotorObject::kInstance, 3, {0xFF, 0xFF, 0xFF, 0xFF});
+    link.update(MotorObject::kObjectId, MotorObject::kInstance, 8, {1});
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.at(0).at(0).value<int32_t>(), -1);
+
+    actual.unsubscribe();
+    QCOMPARE(link.lastSent().operation, Operation::Unsub);
+}
+
+void ValueShapesTest::getter_readsOnRequestAndGivesUpAfterThreeSends() {
+    LinkHarness link;
+    communication::PumpCelerationLimits limits(link.container());
+    QSignalSpy answers(&limits, &communication::PumpCelerationLimits::getLimitsResponse);
+    QSignalSpy aborts(&limits, &PumpValueBase::getValueAborted);
+
+    limits.getLimits();
+    QCOMPARE(link.lastSent().operation, Operation::Get);
+    QCOMPARE(link.lastSent().attribute, uint8_t{7});
+    std::vector<uint8_t> payload = LinkHarness::bytesOf(10.0F);
+    const auto maximum = LinkHarness::bytesOf(2500.0F);
+    payload.insert(payload.end(), maximum.begin(), maximum.end());
+    link.acknowledge(link.lastSent(), payload);
+    QCOMPARE(answers.count(), 1);
+    QCOMPARE(answers.at(0).at(0).value<communication::objects::CelerationLimits>().maximumRpmPerSec,
+             2500.0F);
+
+    limits.getLimits();
+    link.expireRequests();
+    link.expireRequests();
+    link.expireRequests();
+    QCOMPARE(aborts.count(), 1);
+    QCOMPARE(link.countSent(3, 7, Operation::Get), 4u);
+}
+
+QTEST_GUILESS_MAIN(ValueShapesTest)
+#include "tst_ValueShapes.moc"
