@@ -50,22 +50,8 @@ bool AnalogFilterObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool AnalogFilterObject::HandleTimeout(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit getTimeout(message.attribute);
-        break;
-    case Operation::Set:
-        emit setTimeout(message.attribute);
-        break;
-    case Operation::Sub:
-        emit subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
-    }
+    RaiseTimeoutSignal(*this, message, &AnalogFilterObject::getTimeout,
+                       &AnalogFilterObject::setTimeout);
     return true;
 }
 

@@ -48,22 +48,7 @@ bool MotorObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool MotorObject::HandleTimeout(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit getTimeout(message.attribute);
-        break;
-    case Operation::Set:
-        emit setTimeout(message.attribute);
-        break;
-    case Operation::Sub:
-        emit subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
-    }
+    RaiseTimeoutSignal(*this, message, &MotorObject::getTimeout, &MotorObject::setTimeout);
     return true;
 }
 

@@ -72,22 +72,7 @@ bool NetworkObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool NetworkObject::HandleTimeout(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit getTimedOut(message.attribute);
-        break;
-    case Operation::Set:
-        emit setTimedOut(message.attribute);
-        break;
-    case Operation::Sub:
-        emit subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
-    }
+    RaiseTimeoutSignal(*this, message, &NetworkObject::getTimedOut, &NetworkObject::setTimedOut);
     // A time-out is also a refusal for this proxy's listeners.
     return HandleRefusal(message);
 }

@@ -32,22 +32,7 @@ bool PrimeObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool PrimeObject::HandleTimeout(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit getTimeout(message.attribute);
-        break;
-    case Operation::Set:
-        emit setTimeout(message.attribute);
-        break;
-    case Operation::Sub:
-        emit subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
-    }
+    RaiseTimeoutSignal(*this, message, &PrimeObject::getTimeout, &PrimeObject::setTimeout);
     return true;
 }
 

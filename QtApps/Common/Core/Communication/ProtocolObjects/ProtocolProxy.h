@@ -5,9 +5,11 @@
 #include "Common/Protocol/SourcePath.h"
 // Every signal type of the proxies, declared before any proxy's meta-object uses it.
 #include "ProtocolObjectMetaTypes.h"
+#include "ProtocolObjectSubscribeInterface.h"
 
 #include <cstdint>
 #include <string_view>
+#include <type_traits>
 
 namespace communication::objects {
 
@@ -41,6 +43,8 @@ protected:
     ProtocolProxy(halyard::protocol::ProtocolInterface& protocol, uint8_t objectId,
                   uint8_t instance, std::string_view sourcePath);
 
+    // The hooks, one per MessageKind. Each returns whether the message was consumed, which the
+    // message layer reports as the receive result (Success or Failed).
     virtual bool HandleTimeout(const ProtocolMessage& message) = 0;
     virtual bool HandleResponse(const ProtocolMessage& message) = 0;
     virtual bool HandleRefusal(const ProtocolMessage& message) = 0;
@@ -102,5 +106,31 @@ private:
     ProtocolMessage mRequest;
     std::string_view mSourcePath;
 };
+
+/// The time-out pattern of the proxies whose pump object publishes: an unanswered get, set,
+/// subscribe or unsubscribe raises the matching time-out signal with its attribute; other
+/// operations raise nothing. The get and set signals are the proxy's own.
+template <typename Proxy>
+void RaiseTimeoutSignal(Proxy& proxy, const halyard::protocol::ProtocolMessage& message,
+                        void (Proxy::*getTimeout)(uint8_t), void (Proxy::*setTimeout)(uint8_t)) {
+    static_assert(std::is_base_of_v<ProtocolObjectSubscribeInterface, Proxy>);
+    using halyard::protocol::message::Operation;
+    switch (message.operation) {
+    case Operation::Get:
+        emit(proxy.*getTimeout)(message.attribute);
+        break;
+    case Operation::Set:
+        emit(proxy.*setTimeout)(message.attribute);
+        break;
+    case Operation::Sub:
+        emit proxy.subscribeTimeout(message.attribute);
+        break;
+    case Operation::Unsub:
+        emit proxy.unsubscribeTimeout(message.attribute);
+        break;
+    default:
+        break;
+    }
+}
 
 } // namespace communication::objects

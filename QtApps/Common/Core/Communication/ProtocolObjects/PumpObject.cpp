@@ -92,22 +92,7 @@ bool PumpObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool PumpObject::HandleTimeout(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit getTimeout(message.attribute);
-        break;
-    case Operation::Set:
-        emit setTimeout(message.attribute);
-        break;
-    case Operation::Sub:
-        emit subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
-    }
+    RaiseTimeoutSignal(*this, message, &PumpObject::getTimeout, &PumpObject::setTimeout);
     return true;
 }
 

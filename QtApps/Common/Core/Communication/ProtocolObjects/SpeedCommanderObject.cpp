@@ -66,24 +66,11 @@ bool SpeedCommanderObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool SpeedCommanderObject::HandleTimeout(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit getTimeout(message.attribute);
-        break;
-    case Operation::Set:
-        emit setTimeout(message.attribute);
-        break;
-    case Operation::SetDef:
+    if (message.operation == Operation::SetDef) {
         emit setDefaultTimeout(message.attribute);
-        break;
-    case Operation::Sub:
-        emit subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
+    } else {
+        RaiseTimeoutSignal(*this, message, &SpeedCommanderObject::getTimeout,
+                           &SpeedCommanderObject::setTimeout);
     }
     return true;
 }
