@@ -39,7 +39,7 @@ fi
 
 if [ "$use_simulator" = yes ]; then
     simulator_out=$(mktemp)
-    "$bin/pump-simulator" --pty >"$simulator_out" &
+    "$bin/pump-simulator" --pty --no-console >"$simulator_out" &
     simulator_pid=$!
     trap 'kill "$simulator_pid" 2>/dev/null || true; rm -f "$simulator_out"' EXIT
     for _ in $(seq 50); do
