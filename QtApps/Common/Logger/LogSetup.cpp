@@ -9,13 +9,15 @@
 #include <log4cxx/propertyconfigurator.h>
 #include <log4cxx/rolling/rollingfileappender.h>
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
 
 namespace logger {
 
 namespace {
 
-constexpr long kWatchIntervalMs = 2000;
 constexpr std::size_t kMaxFileBytes = 1024 * 1024;
 constexpr int kBackups = 3;
 
@@ -43,7 +45,10 @@ void QtMessageToLog(QtMsgType type, const QMessageLogContext& context, const QSt
 
 } // namespace
 
-void ConfigureDefaults(const QString& folder, const QString& fileBaseName) {
+void ConfigureDefaults() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString fileBaseName =
+        QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
     log4cxx::LogManager::resetConfiguration();
     const log4cxx::LoggerPtr root = log4cxx::Logger::getRootLogger();
     root->setLevel(log4cxx::Level::getInfo());
@@ -68,10 +73,10 @@ void ConfigureDefaults(const QString& folder, const QString& fileBaseName) {
     root->addAppender(file);
 }
 
-void ConfigureFromFile(const QString& path) {
+bool ConfigureFromFile(const QString& path) {
     log4cxx::LogManager::resetConfiguration();
-    log4cxx::PropertyConfigurator::configureAndWatch(log4cxx::File(path.toStdString()),
-                                                     kWatchIntervalMs);
+    log4cxx::PropertyConfigurator::configure(log4cxx::File(path.toStdString()));
+    return !log4cxx::Logger::getRootLogger()->getAllAppenders().empty();
 }
 
 void InstallQtMessageHandler() {

@@ -9,13 +9,14 @@ namespace logger {
 inline constexpr const char* kDefaultPattern = "%d{yyyy-MM-dd HH:mm:ss.SSS} %-5p [%T] %m%n";
 
 /// Logging before (or without) a properties file: INFO and above to standard error and to a
-/// rolling file "<fileBaseName>.log" in `folder` (1 MB, three backups). An empty folder logs to
-/// standard error only. Replaces any earlier configuration.
-void ConfigureDefaults(const QString& folder, const QString& fileBaseName);
+/// rolling file "<executable name>.log" (1 MB, three backups) in the platform's application data
+/// folder. Replaces any earlier configuration.
+void ConfigureDefaults();
 
-/// Reads a log4j-style properties file and re-reads it whenever it changes. A file with errors
-/// leaves what it could read in place; log4cxx reports the errors on standard error.
-void ConfigureFromFile(const QString& path);
+/// Replaces the configuration with a log4j-style properties file. log4cxx reports errors in the
+/// file on standard error and keeps what it could read. Returns false when the file leaves the
+/// root logger with nowhere to write, so that the caller can fall back.
+bool ConfigureFromFile(const QString& path);
 
 /// Sends Qt's own messages (qDebug, qWarning, QML errors...) into the same log.
 void InstallQtMessageHandler();

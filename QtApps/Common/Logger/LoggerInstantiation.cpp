@@ -12,14 +12,41 @@ namespace logger {
 
 LoggerInstantiation::LoggerInstantiation(const QString& applicationName, QObject* parent)
     : QObject(parent)
-    , mApplicationName(applicationName) {
+    , mApplicationName(applicationName)
+    , mPropertiesPath(QDir(QCoreApplication::applicationDirPath())
+                          .filePath(QString::fromLatin1(kPropertiesFileName))) {
     qputenv("APPNAME", applicationName.toUtf8());
-    const QString properties = QDir(QCoreApplication::applicationDirPath())
-                                   .filePath(QString::fromLatin1(kPropertiesFileName));
-    if (QFileInfo::exists(properties)) {
-        ConfigureFromFile(properties);
+    const bool fromFile = QFileInfo::exists(mPropertiesPath);
+    if (fromFile) {
+        mWatcher.addPath(mPropertiesPath);
+        connect(&mWatcher, &QFileSystemWatcher::fileChanged, this,
+                &LoggerInstantiation::onPropertiesChanged);
+        Configure("LoggerInstantiation");
     }
     LogStartup();
+}
+
+void LoggerInstantiation::Configure(const char* function) {
+    if (!ConfigureFromFile(mPropertiesPath)) {
+        ConfigureDefaults();
+        BWL_LOG_WARN(function, QStringLiteral("%1 gives the root logger no appender; logging "
+                                              "with the defaults instead")
+                                   .arg(mPropertiesPath));
+    }
+}
+
+// Editors often replace a file rather than rewrite it, which ends its watch: watch it again.
+// A file that is gone leaves the last configuration in place.
+void LoggerInstantiation::onPropertiesChanged() {
+    if (!QFileInfo::exists(mPropertiesPath)) {
+        return;
+    }
+    if (!mWatcher.files().contains(mPropertiesPath)) {
+        mWatcher.addPath(mPropertiesPath);
+    }
+    Configure("onPropertiesChanged");
+    BWL_LOG_INFO("onPropertiesChanged",
+                 QStringLiteral("Logging configuration read again from %1").arg(mPropertiesPath));
 }
 
 void LoggerInstantiation::LogStartup() {

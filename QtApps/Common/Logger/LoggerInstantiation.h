@@ -1,13 +1,17 @@
 #pragma once
 
+#include <QFileSystemWatcher>
 #include <QObject>
 #include <QString>
 
 namespace logger {
 
 /// Sets the logging up for the application: exports "APPNAME" for the properties file, reads
-/// "log4qt.properties" beside the executable if there is one (and watches it), and logs the start
-/// and the stop of the program.
+/// "log4qt.properties" beside the executable if there is one and reads it again whenever it
+/// changes, and logs the start and the stop of the program.
+///
+/// The file is watched here with the platform's change notification rather than by log4cxx's own
+/// polling thread, which can deadlock the process at exit.
 class LoggerInstantiation final : public QObject {
     Q_OBJECT
 
@@ -21,8 +25,13 @@ public slots:
 
 private:
     void LogStartup();
+    /// Reads the properties file, or the defaults if it gives the root logger nowhere to write.
+    void Configure(const char* function);
+    void onPropertiesChanged();
 
     QString mApplicationName;
+    QString mPropertiesPath;
+    QFileSystemWatcher mWatcher;
 };
 
 } // namespace logger

@@ -6,6 +6,11 @@ namespace communication {
 
 using halyard::protocol::message::Status;
 
+namespace {
+// Bounds the wait for the last frames at shutdown.
+constexpr int kLastWriteWaitMs = 100;
+} // namespace
+
 ProtocolComms::ProtocolComms(ProtocolRequestLogWrapper& requestLog, QObject* parent)
     : ProtocolCommsInterface(parent)
     , mSerial(new wrappers::QtSerialWrapper(this))
@@ -23,6 +28,14 @@ ProtocolComms::ProtocolComms(ProtocolRequestLogWrapper& requestLog, QObject* par
 
     connect(mTransmit, &ProtocolTransmit::protocolTransmitError, this,
             [](const QString& error) { BWL_LOG_WARN("protocolTransmitError", error); });
+}
+
+ProtocolComms::~ProtocolComms() {
+    if (mSerial->isOpen()) {
+        mTransmit->SendQueuedNow();
+        mSerial->waitForBytesWritten(kLastWriteWaitMs);
+    }
+    closePort();
 }
 
 bool ProtocolComms::openPort(const QString& portName) {

@@ -28,6 +28,8 @@ public:
 
     /// `requestLog` (not owned) outlives the comms object.
     explicit ProtocolComms(ProtocolRequestLogWrapper& requestLog, QObject* parent = nullptr);
+    /// Sends what is still queued, then closes the port.
+    ~ProtocolComms() override;
 
     bool openPort(const QString& portName) override;
     void closePort() override;

@@ -48,6 +48,11 @@ void ProtocolTransmit::timerEvent(QTimerEvent* event) {
     Drain();
 }
 
+void ProtocolTransmit::SendQueuedNow() {
+    mTimer.stop();
+    Drain();
+}
+
 void ProtocolTransmit::Drain() {
     const std::size_t count = mRing.Count();
     if (count == 0) {

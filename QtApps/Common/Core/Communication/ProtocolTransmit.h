@@ -34,6 +34,10 @@ public:
     /// when it cannot be queued, in which case the queue is left as it was.
     bool PayloadOut(const std::uint8_t* data, std::size_t length) override;
 
+    /// Writes what is queued at once instead of at the next tick (used when the link shuts down,
+    /// so that a last stop-session request still leaves).
+    void SendQueuedNow();
+
     std::size_t QueuedBytes() const { return mRing.Count(); }
     bool TickArmed() const { return mTimer.isActive(); }
 

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace communication {
+
+class PumpSession;
+
+/// The connection state for the screens ("cpp.PumpSessionController"). The window emits
+/// `startScanning()` once it exists and `disconnectPump()` while it closes; both reach the pump
+/// session on the comms thread as queued calls. The session's reports come back the same way.
+class PumpSessionController final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool pumpConnected READ pumpConnected NOTIFY connectedStatusChanged)
+    Q_PROPERTY(QString sessionStatus READ sessionStatus NOTIFY sessionStatusChanged)
+
+public:
+    explicit PumpSessionController(PumpSession& session, QObject* parent = nullptr);
+
+    bool pumpConnected() const { return mPumpConnected; }
+    QString sessionStatus() const { return mSessionStatus; }
+
+signals:
+    void startScanning();
+    void disconnectPump();
+    void connectedStatusChanged();
+    void sessionStatusChanged();
+
+private slots:
+    void pumpConnectionChanged(bool connected);
+    void pumpConnectionStatusChanged(QString status);
+
+private:
+    bool mPumpConnected = false;
+    QString mSessionStatus;
+};
+
+} // namespace communication

@@ -1,0 +1,32 @@
+import QtQuick
+import BwConstants
+
+// Shown for a moment once the session is open.
+Rectangle {
+    /// The pump's application version.
+    property string pumpAppVersion: ""
+
+    color: BwColours.background
+
+    Column {
+        anchors.centerIn: parent
+        spacing: BwSpacing.medium
+        Logo {
+            anchors.horizontalCenter: parent.horizontalCenter
+        }
+        Text {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: qsTr("CONNECTED")
+            font.pixelSize: BwFonts.banner
+            font.letterSpacing: 4
+            color: BwColours.primary
+        }
+        Text {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: pumpAppVersion.length > 0
+            text: qsTr("Pump software version %1").arg(pumpAppVersion)
+            font.pixelSize: BwFonts.body
+            color: BwColours.textMuted
+        }
+    }
+}
