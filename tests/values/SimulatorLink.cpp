@@ -15,15 +15,11 @@ SimulatorLink::SimulatorLink(const QStringList& simulatorArguments)
 }
 
 SimulatorLink::~SimulatorLink() {
-    // Back to this thread to be deleted here, once the comms thread has stopped.
-    QThread* const here = QThread::currentThread();
-    runOnCommsThread([this, here] {
-        mComms->closePort();
-        mComms->moveToThread(here);
-    });
+    // Deleted on its own thread, as at the application's exit; the thread runs the deferred
+    // deletion as it finishes.
+    runOnCommsThread([this] { mComms->deleteLater(); });
     mThread.quit();
     mThread.wait();
-    delete mComms;
     mSimulator.kill();
     mSimulator.waitForFinished();
 }

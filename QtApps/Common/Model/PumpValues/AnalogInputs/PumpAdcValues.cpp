@@ -67,7 +67,13 @@ void PumpAdcValues::onAckSubscribe(bool success, uint8_t attribute) {
 }
 
 void PumpAdcValues::onSubscribeTimeout(uint8_t attribute) {
-    if (!isAdcAttribute(attribute) || !mSubscribeRetries.mayRetry(attribute)) {
+    if (!isAdcAttribute(attribute)) {
+        return;
+    }
+    if (!mSubscribeRetries.mayRetry(attribute)) {
+        BWL_LOG_WARN("onSubscribeTimeout",
+                     QStringLiteral("AnalogInputObject.Subscribe attr:%1, no response, aborting")
+                         .arg(attribute));
         return;
     }
     const Subscription& subscription = mSubscriptions[attribute];
@@ -78,7 +84,13 @@ void PumpAdcValues::onSubscribeTimeout(uint8_t attribute) {
 }
 
 void PumpAdcValues::onUnsubscribeTimeout(uint8_t attribute) {
-    if (!isAdcAttribute(attribute) || !mUnsubscribeRetries.mayRetry(attribute)) {
+    if (!isAdcAttribute(attribute)) {
+        return;
+    }
+    if (!mUnsubscribeRetries.mayRetry(attribute)) {
+        BWL_LOG_WARN("onUnsubscribeTimeout",
+                     QStringLiteral("AnalogInputObject.Unsubscribe attr:%1, no response, aborting")
+                         .arg(attribute));
         return;
     }
     if (!mProxy.Unsubscribe(attribute)) {

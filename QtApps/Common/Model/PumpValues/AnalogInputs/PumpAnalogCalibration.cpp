@@ -64,7 +64,14 @@ void PumpAnalogCalibration::onSetCalibrationAckResult(bool success, uint8_t attr
 }
 
 void PumpAnalogCalibration::onSetCalibrationTimeout(uint8_t attribute) {
-    if (!Retries::isValid(attribute) || !mSetRetries.mayRetry(attribute)) {
+    if (!Retries::isValid(attribute)) {
+        return;
+    }
+    if (!mSetRetries.mayRetry(attribute)) {
+        BWL_LOG_WARN(
+            "onSetCalibrationTimeout",
+            QStringLiteral("AnalogCalibrationObject.SetCalibration attr:%1, no response, aborting")
+                .arg(attribute));
         return;
     }
     const Calibration& requested = mRequested[attribute];
@@ -83,7 +90,14 @@ void PumpAnalogCalibration::onGetCalibrationAckResult(uint8_t attribute, float s
 }
 
 void PumpAnalogCalibration::onGetCalibrationTimeout(uint8_t attribute) {
-    if (!Retries::isValid(attribute) || !mGetRetries.mayRetry(attribute)) {
+    if (!Retries::isValid(attribute)) {
+        return;
+    }
+    if (!mGetRetries.mayRetry(attribute)) {
+        BWL_LOG_WARN(
+            "onGetCalibrationTimeout",
+            QStringLiteral("AnalogCalibrationObject.GetCalibration attr:%1, no response, aborting")
+                .arg(attribute));
         return;
     }
     if (!mProxy.GetCalibration(attribute)) {
