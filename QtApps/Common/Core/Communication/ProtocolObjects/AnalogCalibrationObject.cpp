@@ -1,5 +1,6 @@
 #include "AnalogCalibrationObject.h"
 
+#include "ProxyAnswers.h"
 #include "ProxyLog.h"
 
 #include <QLocale>
@@ -31,19 +32,13 @@ bool AnalogCalibrationObject::SetCalibration(uint8_t attribute, float slope, flo
     if (attribute > kLastChannel) {
         return false;
     }
-    if (!WriteFields(attribute, Operation::Set, slope, offset)) {
-        BWL_LOG_WRITE_FAILURE("SetCalibration");
-        return false;
-    }
-    return SendRequest();
+    return SendCompleteFields("SetCalibration", attribute, Operation::Set, slope, offset);
 }
 
 bool AnalogCalibrationObject::HandleTimeout(const ProtocolMessage& message) {
-    if (message.operation == Operation::Get) {
-        emit getTimeout(message.attribute);
-    } else if (message.operation == Operation::Set) {
-        emit setTimeout(message.attribute);
-    }
+    RaiseTimeoutSignal(
+        *this, message,
+        {&AnalogCalibrationObject::getTimeout, &AnalogCalibrationObject::setTimeout});
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "AnalogFilterObject.h"
 
+#include "ProxyAnswers.h"
 #include "ProxyLog.h"
 
 namespace communication::objects {
@@ -25,20 +26,12 @@ bool AnalogFilterObject::GetNumSamplesVoltageLimits() {
     return SendEmpty(NumSamplesVoltageLimits, Operation::Get);
 }
 
-bool AnalogFilterObject::SetNumSamples(uint8_t attribute, uint32_t numSamples,
-                                       const char* function) {
-    if (!WriteFields(attribute, Operation::Set, numSamples)) {
-        BWL_LOG_WRITE_FAILURE(function);
-    }
-    return SendRequest();
-}
-
 bool AnalogFilterObject::SetNumSamplesCurrent(uint32_t numSamples) {
-    return SetNumSamples(NumSamplesCurrent, numSamples, "SetNumSamplesCurrent");
+    return SendFields("SetNumSamplesCurrent", NumSamplesCurrent, Operation::Set, numSamples);
 }
 
 bool AnalogFilterObject::SetNumSamplesVoltage(uint32_t numSamples) {
-    return SetNumSamples(NumSamplesVoltage, numSamples, "SetNumSamplesVoltage");
+    return SendFields("SetNumSamplesVoltage", NumSamplesVoltage, Operation::Set, numSamples);
 }
 
 bool AnalogFilterObject::Subscribe(uint8_t attribute, uint16_t perdiodMs, bool onChange) {
@@ -50,8 +43,8 @@ bool AnalogFilterObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool AnalogFilterObject::HandleTimeout(const ProtocolMessage& message) {
-    RaiseTimeoutSignal(*this, message, &AnalogFilterObject::getTimeout,
-                       &AnalogFilterObject::setTimeout);
+    RaiseTimeoutSignal(*this, message,
+                       {&AnalogFilterObject::getTimeout, &AnalogFilterObject::setTimeout});
     return true;
 }
 

@@ -68,7 +68,6 @@ private:
     }
     bool HandleAnswer(const ProtocolMessage& message, bool accepted);
     void HandleGetAnswer(const ProtocolMessage& message, bool accepted);
-    bool SetNumSamples(uint8_t attribute, uint32_t numSamples, const char* function);
 };
 
 } // namespace communication::objects

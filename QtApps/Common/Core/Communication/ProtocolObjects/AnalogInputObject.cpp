@@ -1,6 +1,8 @@
 #include "AnalogInputObject.h"
 
-#include "ProxyLog.h"
+#include "ProxyAnswers.h"
+
+#include <iterator>
 
 namespace communication::objects {
 
@@ -18,11 +20,8 @@ bool AnalogInputObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool AnalogInputObject::HandleTimeout(const ProtocolMessage& message) {
-    if (message.operation == Operation::Sub) {
-        emit subscribeTimeout(message.attribute);
-    } else if (message.operation == Operation::Unsub) {
-        emit unsubscribeTimeout(message.attribute);
-    }
+    // Only subscriptions report their time-out: no get or set signals are raised.
+    RaiseTimeoutSignal(*this, message, AnswerSignals<AnalogInputObject>{});
     return true;
 }
 
@@ -42,42 +41,28 @@ bool AnalogInputObject::HandleUnknownType(const ProtocolMessage& message) {
 }
 
 bool AnalogInputObject::HandleUpdate(const ProtocolMessage& message) {
+    using Update = void (AnalogInputObject::*)(float);
+    // By attribute, 0 to 7.
+    static constexpr Update kUpdates[] = {
+        &AnalogInputObject::updateInputCurrent, &AnalogInputObject::updateInputVoltage,
+        &AnalogInputObject::updateFrequency,    &AnalogInputObject::updateBusVoltage,
+        &AnalogInputObject::updateTemperature,  &AnalogInputObject::updateAdcCurrent,
+        &AnalogInputObject::updateAdcVoltage,   &AnalogInputObject::updateAdcBusVoltage,
+    };
+    static_assert(std::size(kUpdates) == AdcBusVoltage + 1);
     // Every attribute is one float: the payload is checked before the attribute.
     float value = 0.0F;
-    if (!ReadValue(message, value)) {
-        BWL_LOG_READ_FAILURE("UpdateHandler");
+    halyard::protocol::PayloadReader reader = message.Reader();
+    if (!ReadField(reader, value)) {
+        LogReadFailure("UpdateHandler");
         ReplyInvalidMessageData(message);
         return true;
     }
-    switch (message.attribute) {
-    case InputCurrent:
-        emit updateInputCurrent(value);
-        break;
-    case InputVoltage:
-        emit updateInputVoltage(value);
-        break;
-    case Frequency:
-        emit updateFrequency(value);
-        break;
-    case BusVoltage:
-        emit updateBusVoltage(value);
-        break;
-    case Temperature:
-        emit updateTemperature(value);
-        break;
-    case AdcCurrent:
-        emit updateAdcCurrent(value);
-        break;
-    case AdcVoltage:
-        emit updateAdcVoltage(value);
-        break;
-    case AdcBusVoltage:
-        emit updateAdcBusVoltage(value);
-        break;
-    default:
+    if (!IsPublished(message.attribute)) {
         ReplyInvalidAttribute(message);
         return true;
     }
+    emit(this->*kUpdates[message.attribute])(value);
     ReplySuccess(message);
     return true;
 }

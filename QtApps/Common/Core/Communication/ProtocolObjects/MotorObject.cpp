@@ -1,8 +1,31 @@
 #include "MotorObject.h"
 
-#include "ProxyLog.h"
+#include "ProxyAnswers.h"
 
 namespace communication::objects {
+
+using halyard::protocol::PayloadReader;
+
+namespace {
+
+// Accepted and refused sets both raise ackSetResult.
+constexpr AnswerSignals<MotorObject> kAnswers{
+    &MotorObject::getTimeout,   &MotorObject::setTimeout,   &MotorObject::ackSetResult,
+    &MotorObject::ackGetResult, &MotorObject::ackSetResult,
+};
+
+// The readout has a fixed size: an answer with bytes left over is not one.
+bool ReadEncoderData(PayloadReader& reader, halyard::encoder::EncoderData& data) {
+    return reader.Read(data.count) && reader.Read(data.revolutions) && reader.Read(data.status) &&
+           reader.Read(data.warnings) && reader.Read(data.errors) &&
+           reader.Read(data.fieldStrength) && reader.Remaining() == 0;
+}
+
+bool ReadCelerationLimits(PayloadReader& reader, CelerationLimits& limits) {
+    return reader.Read(limits.minimumRpmPerSec) && reader.Read(limits.maximumRpmPerSec);
+}
+
+} // namespace
 
 MotorObject::MotorObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
@@ -26,17 +49,11 @@ bool MotorObject::GetCelerationLimits() {
 }
 
 bool MotorObject::SetAcceleration(float accelerationRpmPerSec) {
-    if (!WriteFields(Acceleration, Operation::Set, accelerationRpmPerSec)) {
-        BWL_LOG_WRITE_FAILURE("SetAcceleration");
-    }
-    return SendRequest();
+    return SendFields("SetAcceleration", Acceleration, Operation::Set, accelerationRpmPerSec);
 }
 
 bool MotorObject::SetDeceleration(float decelerationRpmPerSec) {
-    if (!WriteFields(Deceleration, Operation::Set, decelerationRpmPerSec)) {
-        BWL_LOG_WRITE_FAILURE("SetDeceleration");
-    }
-    return SendRequest();
+    return SendFields("SetDeceleration", Deceleration, Operation::Set, decelerationRpmPerSec);
 }
 
 bool MotorObject::Subscribe(uint8_t attribute, uint16_t perdiodMs, bool onChange) {
@@ -48,86 +65,35 @@ bool MotorObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool MotorObject::HandleTimeout(const ProtocolMessage& message) {
-    RaiseTimeoutSignal(*this, message, &MotorObject::getTimeout, &MotorObject::setTimeout);
+    RaiseTimeoutSignal(*this, message, kAnswers);
     return true;
 }
 
 bool MotorObject::HandleRefusal(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit ackGetResult(message.attribute);
-        break;
-    case Operation::Set:
-        emit ackSetResult(message.attribute);
-        break;
-    case Operation::Sub:
-        emit ackSubscribeResult(false, message.attribute);
-        break;
-    default:
-        break;
-    }
-    return true;
+    return AnswerRefusal(*this, message, kAnswers);
 }
 
 bool MotorObject::HandleResponse(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        return HandleGetResponse(message);
-    case Operation::Set:
-        emit ackSetResult(message.attribute);
-        return true;
-    case Operation::Sub:
-        emit ackSubscribeResult(true, message.attribute);
-        return true;
-    case Operation::Unsub:
-        return true;
-    default:
-        return false;
+    if (message.operation == Operation::Unsub) {
+        return true; // consumed, nothing to report
     }
+    return AnswerResponse(*this, message, kAnswers, &MotorObject::HandleGetResponse);
 }
 
 bool MotorObject::HandleGetResponse(const ProtocolMessage& message) {
-    halyard::protocol::PayloadReader reader = message.Reader();
     switch (message.attribute) {
-    case EncoderData: {
-        halyard::encoder::EncoderData data;
-        // The readout has a fixed size: an answer with bytes left over is not one.
-        if (!reader.Read(data.count) || !reader.Read(data.revolutions) ||
-            !reader.Read(data.status) || !reader.Read(data.warnings) || !reader.Read(data.errors) ||
-            !reader.Read(data.fieldStrength) || reader.Remaining() != 0) {
-            BWL_LOG_READ_FAILURE("GetEncoderDataResponseHandler");
-            return false;
-        }
-        emit getEncoderDataResponse(data);
-        return true;
-    }
-    case Acceleration: {
-        float acceleration = 0.0F;
-        if (!reader.Read(acceleration)) {
-            BWL_LOG_READ_FAILURE("GetAccelerationResponseHandler");
-            return false;
-        }
-        emit getAccelerationResponse(acceleration);
-        return true;
-    }
-    case Deceleration: {
-        float deceleration = 0.0F;
-        if (!reader.Read(deceleration)) {
-            BWL_LOG_READ_FAILURE("GetDecelerationResponseHandler");
-            return false;
-        }
-        emit getDecelerationResponse(deceleration);
-        return true;
-    }
-    case CelerationLimits: {
-        objects::CelerationLimits limits;
-        if (!reader.Read(limits.minimumRpmPerSec) || !reader.Read(limits.maximumRpmPerSec)) {
-            BWL_LOG_READ_FAILURE("GetCelerationLimitsResponseHandler");
-            return false;
-        }
-        emit getCelerationLimitsResponse(limits);
-        return true;
-    }
+    case EncoderData:
+        return EmitDecoded(message, &MotorObject::getEncoderDataResponse,
+                           "GetEncoderDataResponseHandler", ReadEncoderData);
+    case Acceleration:
+        return EmitDecoded(message, &MotorObject::getAccelerationResponse,
+                           "GetAccelerationResponseHandler");
+    case Deceleration:
+        return EmitDecoded(message, &MotorObject::getDecelerationResponse,
+                           "GetDecelerationResponseHandler");
+    case CelerationLimits:
+        return EmitDecoded(message, &MotorObject::getCelerationLimitsResponse,
+                           "GetCelerationLimitsResponseHandler", ReadCelerationLimits);
     default:
         ReplyInvalidAttribute(message);
         return true;
@@ -135,21 +101,14 @@ bool MotorObject::HandleGetResponse(const ProtocolMessage& message) {
 }
 
 bool MotorObject::HandleUpdate(const ProtocolMessage& message) {
+    // Short alignment and energised updates are answered without a log line.
     switch (message.attribute) {
     case ActualSpeed:
-        if (!AnswerUpdate<int32_t>(message,
-                                   [this](int32_t speed) { emit updateActualSpeed(speed); })) {
-            BWL_LOG_READ_FAILURE("ActualSpeedUpdateHandler");
-        }
-        return true;
+        return AnswerUpdate(message, &MotorObject::updateActualSpeed, "ActualSpeedUpdateHandler");
     case Aligned:
-        AnswerUpdate<uint8_t>(message,
-                              [this](uint8_t aligned) { emit updateIsAligned(aligned != 0); });
-        return true;
+        return AnswerUpdate(message, &MotorObject::updateIsAligned, kNotLogged);
     case Energised:
-        AnswerUpdate<uint8_t>(
-            message, [this](uint8_t energised) { emit updateIsEnergized(energised != 0); });
-        return true;
+        return AnswerUpdate(message, &MotorObject::updateIsEnergized, kNotLogged);
     default:
         ReplyInvalidAttribute(message);
         return true;

@@ -1,8 +1,29 @@
 #include "MotorStepperObject.h"
 
-#include "ProxyLog.h"
+#include "ProxyAnswers.h"
 
 namespace communication::objects {
+
+namespace {
+
+// Unlike the motor proxy, a refused set raises its own signal.
+constexpr AnswerSignals<MotorStepperObject> kAnswers{
+    &MotorStepperObject::getTimeout,   &MotorStepperObject::setTimeout,
+    &MotorStepperObject::ackSetResult, &MotorStepperObject::ackGetResult,
+    &MotorStepperObject::nakSetResult,
+};
+
+// One float per torque index, as many as fit; a trailing part of a float is ignored. An answer
+// without a single target is a read failure.
+bool ReadTorqueTargets(halyard::protocol::PayloadReader& reader, QList<float>& targetCurrentsA) {
+    float target = 0.0F;
+    while (reader.Read(target)) {
+        targetCurrentsA.append(target);
+    }
+    return !targetCurrentsA.isEmpty();
+}
+
+} // namespace
 
 MotorStepperObject::MotorStepperObject(halyard::protocol::ProtocolInterface& protocol,
                                        QObject* parent)
@@ -17,28 +38,16 @@ bool MotorStepperObject::GetTorqueTargets() {
 }
 
 bool MotorStepperObject::SetTorqueIndex(uint8_t index) {
-    if (!WriteFields(TorqueIndex, Operation::Set, index)) {
-        BWL_LOG_WRITE_FAILURE("SetTorqueIndex");
-    }
-    return SendRequest();
+    return SendFields("SetTorqueIndex", TorqueIndex, Operation::Set, index);
 }
 
 bool MotorStepperObject::HandleTimeout(const ProtocolMessage& message) {
-    if (message.operation == Operation::Get) {
-        emit getTimeout(message.attribute);
-    } else if (message.operation == Operation::Set) {
-        emit setTimeout(message.attribute);
-    }
+    RaiseTimeoutSignal(*this, message, kAnswers);
     return true;
 }
 
 bool MotorStepperObject::HandleRefusal(const ProtocolMessage& message) {
-    if (message.operation == Operation::Get) {
-        emit ackGetResult(message.attribute);
-    } else if (message.operation == Operation::Set) {
-        emit nakSetResult(message.attribute);
-    }
-    return true;
+    return AnswerRefusal(*this, message, kAnswers);
 }
 
 bool MotorStepperObject::HandlePumpRequest(const ProtocolMessage& /*message*/) {
@@ -46,43 +55,17 @@ bool MotorStepperObject::HandlePumpRequest(const ProtocolMessage& /*message*/) {
 }
 
 bool MotorStepperObject::HandleResponse(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        return HandleGetResponse(message);
-    case Operation::Set:
-        emit ackSetResult(message.attribute);
-        return true;
-    default:
-        return false;
-    }
+    return AnswerResponse(*this, message, kAnswers, &MotorStepperObject::HandleGetResponse);
 }
 
 bool MotorStepperObject::HandleGetResponse(const ProtocolMessage& message) {
     switch (message.attribute) {
-    case TorqueIndex: {
-        uint8_t index = 0;
-        if (!ReadValue(message, index)) {
-            BWL_LOG_READ_FAILURE("GetTorqueIndexResponseHandler");
-            return false;
-        }
-        emit getTorqueIndexResponse(index);
-        return true;
-    }
-    case TorqueTargets: {
-        // One float per torque index, as many as fit; a trailing part of a float is ignored.
-        QList<float> targetCurrentsA;
-        halyard::protocol::PayloadReader reader = message.Reader();
-        float target = 0.0F;
-        while (reader.Read(target)) {
-            targetCurrentsA.append(target);
-        }
-        if (targetCurrentsA.isEmpty()) {
-            BWL_LOG_READ_FAILURE("GetTorqueTargetsResponseHandler");
-            return false;
-        }
-        emit getTorqueTargetsResponse(targetCurrentsA);
-        return true;
-    }
+    case TorqueIndex:
+        return EmitDecoded(message, &MotorStepperObject::getTorqueIndexResponse,
+                           "GetTorqueIndexResponseHandler");
+    case TorqueTargets:
+        return EmitDecoded(message, &MotorStepperObject::getTorqueTargetsResponse,
+                           "GetTorqueTargetsResponseHandler", ReadTorqueTargets);
     default:
         ReplyInvalidAttribute(message);
         return true;

@@ -1,5 +1,6 @@
 #include "NetworkObject.h"
 
+#include "ProxyAnswers.h"
 #include "ProxyLog.h"
 
 namespace communication::objects {
@@ -9,16 +10,38 @@ using halyard::protocol::PayloadReader;
 
 namespace {
 
-// The three addresses are the protocol's only big-endian fields.
+// Time-outs and accepted answers follow the common pattern; refusals are this proxy's own
+// (HandleRefusal), which its time-outs raise as well.
+constexpr AnswerSignals<NetworkObject> kAnswers{
+    &NetworkObject::getTimedOut,
+    &NetworkObject::setTimedOut,
+    &NetworkObject::ackSet,
+};
+
+// The three addresses are the protocol's only big-endian fields. Read failures are logged as
+// "ReadIpConfig", for the get and the update alike.
 bool ReadIpConfig(PayloadReader& reader, halyard::protocol::IpConfig& ipConfig) {
     uint8_t dhcpEnabled = 0;
     if (!reader.Read(dhcpEnabled) || !reader.Read(ipConfig.ipAddress, ByteOrder::BigEndian) ||
         !reader.Read(ipConfig.subnetMask, ByteOrder::BigEndian) ||
         !reader.Read(ipConfig.gateway, ByteOrder::BigEndian)) {
-        BWL_LOG_READ_FAILURE("ReadIpConfig");
         return false;
     }
     ipConfig.dhcpEnabled = dhcpEnabled != 0;
+    return true;
+}
+
+// One byte of flags: bit 0 link, bits 1 and 2 the two ports, bit 3 IP established.
+bool ReadLinkStatus(PayloadReader& reader, bool& linkConnected, bool& port1Connected,
+                    bool& port2Connected, bool& ipEstablished) {
+    uint8_t flags = 0;
+    if (!reader.Read(flags)) {
+        return false;
+    }
+    linkConnected = (flags & 0x01U) != 0;
+    port1Connected = (flags & 0x02U) != 0;
+    port2Connected = (flags & 0x04U) != 0;
+    ipEstablished = (flags & 0x08U) != 0;
     return true;
 }
 
@@ -72,7 +95,7 @@ bool NetworkObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool NetworkObject::HandleTimeout(const ProtocolMessage& message) {
-    RaiseTimeoutSignal(*this, message, &NetworkObject::getTimedOut, &NetworkObject::setTimedOut);
+    RaiseTimeoutSignal(*this, message, kAnswers);
     // A time-out is also a refusal for this proxy's listeners.
     return HandleRefusal(message);
 }
@@ -91,18 +114,15 @@ bool NetworkObject::HandleUnknownType(const ProtocolMessage& message) {
     return true;
 }
 
+// Answers to operations this proxy never sends are answered InvalidOperation.
 bool NetworkObject::HandleResponse(const ProtocolMessage& message) {
     switch (message.operation) {
     case Operation::Get:
-        return HandleGetResponse(message);
     case Operation::Set:
-        emit ackSet(message.attribute);
-        return true;
+    case Operation::Sub:
+        return AnswerResponse(*this, message, kAnswers, &NetworkObject::HandleGetResponse);
     case Operation::Reset:
         emit ackReset(message.attribute);
-        return true;
-    case Operation::Sub:
-        emit ackSubscribeResult(true, message.attribute);
         return true;
     case Operation::Unsub:
         return true;
@@ -113,45 +133,18 @@ bool NetworkObject::HandleResponse(const ProtocolMessage& message) {
 }
 
 bool NetworkObject::HandleGetResponse(const ProtocolMessage& message) {
-    PayloadReader reader = message.Reader();
     switch (message.attribute) {
-    case AnybusModuleType: {
-        uint8_t moduleType = 0;
-        if (!reader.Read(moduleType)) {
-            BWL_LOG_READ_FAILURE("GetAnybusModuleHandler");
-            return false;
-        }
-        emit getAnybusModuleResult(static_cast<halyard::protocol::AnybusModuleType>(moduleType));
-        return true;
-    }
-    case AnybusVersion: {
-        uint8_t major = 0;
-        uint8_t minor = 0;
-        uint8_t build = 0;
-        if (!reader.Read(major) || !reader.Read(minor) || !reader.Read(build)) {
-            BWL_LOG_READ_FAILURE("GetAnybusVersionHandler");
-            return false;
-        }
-        emit getAnybusVersionResult(major, minor, build);
-        return true;
-    }
-    case MacAddress: {
-        halyard::protocol::MacAddress macAddress{};
-        if (!reader.ReadBytes(macAddress.data(), macAddress.size())) {
-            BWL_LOG_READ_FAILURE("GetMacAddressHandler");
-            return false;
-        }
-        emit getMacAddressResult(macAddress);
-        return true;
-    }
-    case IpConfig: {
-        halyard::protocol::IpConfig ipConfig;
-        if (!ReadIpConfig(reader, ipConfig)) {
-            return false;
-        }
-        emit getIpConfigResult(ipConfig);
-        return true;
-    }
+    case AnybusModuleType:
+        return EmitDecoded(message, &NetworkObject::getAnybusModuleResult,
+                           "GetAnybusModuleHandler");
+    case AnybusVersion:
+        return EmitDecoded(message, &NetworkObject::getAnybusVersionResult,
+                           "GetAnybusVersionHandler");
+    case MacAddress:
+        return EmitDecoded(message, &NetworkObject::getMacAddressResult, "GetMacAddressHandler");
+    case IpConfig:
+        return EmitDecoded(message, &NetworkObject::getIpConfigResult, "ReadIpConfig",
+                           ReadIpConfig);
     default:
         ReplyInvalidAttribute(message);
         return true;
@@ -159,30 +152,12 @@ bool NetworkObject::HandleGetResponse(const ProtocolMessage& message) {
 }
 
 bool NetworkObject::HandleUpdate(const ProtocolMessage& message) {
-    PayloadReader reader = message.Reader();
     switch (message.attribute) {
-    case IpConfig: {
-        halyard::protocol::IpConfig ipConfig;
-        if (!ReadIpConfig(reader, ipConfig)) {
-            ReplyInvalidMessageData(message);
-            return true;
-        }
-        emit updateIpConfig(ipConfig);
-        ReplySuccess(message);
-        return true;
-    }
-    case LinkStatus: {
-        uint8_t flags = 0;
-        if (!reader.Read(flags)) {
-            BWL_LOG_READ_FAILURE("UpdateLinkStatusHandler");
-            ReplyInvalidMessageData(message);
-            return true;
-        }
-        emit updateLinkStatus((flags & 0x01U) != 0, (flags & 0x02U) != 0, (flags & 0x04U) != 0,
-                              (flags & 0x08U) != 0);
-        ReplySuccess(message);
-        return true;
-    }
+    case IpConfig:
+        return AnswerUpdate(message, &NetworkObject::updateIpConfig, "ReadIpConfig", ReadIpConfig);
+    case LinkStatus:
+        return AnswerUpdate(message, &NetworkObject::updateLinkStatus, "UpdateLinkStatusHandler",
+                            ReadLinkStatus);
     default:
         ReplyInvalidAttribute(message);
         return true;

@@ -1,8 +1,21 @@
 #include "PrimeObject.h"
 
-#include "ProxyLog.h"
+#include "ProxyAnswers.h"
 
 namespace communication::objects {
+
+namespace {
+
+// A refused set raises nothing: the value layer learns of it by its own read-back.
+constexpr AnswerSignals<PrimeObject> kAnswers{
+    &PrimeObject::getTimeout,
+    &PrimeObject::setTimeout,
+    &PrimeObject::ackSetResult,
+    &PrimeObject::ackGetResult,
+    nullptr,
+};
+
+} // namespace
 
 PrimeObject::PrimeObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
@@ -17,10 +30,7 @@ bool PrimeObject::GetPrimeSpeed() {
 }
 
 bool PrimeObject::SetPrimeSpeed(uint32_t speedDrpm) {
-    if (!WriteFields(PrimeSpeed, Operation::Set, speedDrpm)) {
-        BWL_LOG_WRITE_FAILURE("SetPrimeSpeed");
-    }
-    return SendRequest();
+    return SendFields("SetPrimeSpeed", PrimeSpeed, Operation::Set, speedDrpm);
 }
 
 bool PrimeObject::Subscribe(uint8_t attribute, uint16_t perdiodMs, bool onChange) {
@@ -32,76 +42,41 @@ bool PrimeObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool PrimeObject::HandleTimeout(const ProtocolMessage& message) {
-    RaiseTimeoutSignal(*this, message, &PrimeObject::getTimeout, &PrimeObject::setTimeout);
+    RaiseTimeoutSignal(*this, message, kAnswers);
     return true;
 }
 
 bool PrimeObject::HandleResponse(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        if (message.attribute == PrimeInputState) {
-            uint8_t state = 0;
-            if (!ReadValue(message, state)) {
-                BWL_LOG_READ_FAILURE("GetPrimeInputStateResponseHandler");
-                return false;
-            }
-            emit getPrimeInputStateResponse(state);
-            return true;
-        }
-        if (message.attribute == PrimeSpeed) {
-            uint32_t speedDrpm = 0;
-            if (!ReadValue(message, speedDrpm)) {
-                BWL_LOG_READ_FAILURE("GetPrimeSpeedResponseHandler");
-                return false;
-            }
-            emit getPrimeSpeedResponse(speedDrpm);
-            return true;
-        }
-        return false;
-    case Operation::Set:
-        emit ackSetResult(message.attribute);
-        return true;
-    case Operation::Sub:
-        emit ackSubscribeResult(true, message.attribute);
-        return true;
-    default:
-        return false;
-    }
+    return AnswerResponse(*this, message, kAnswers, &PrimeObject::HandleGetResponse);
 }
 
 bool PrimeObject::HandleRefusal(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit ackGetResult(message.attribute);
-        return true;
-    case Operation::Sub:
-        emit ackSubscribeResult(false, message.attribute);
-        return true;
+    return AnswerRefusal(*this, message, kAnswers);
+}
+
+bool PrimeObject::HandleGetResponse(const ProtocolMessage& message) {
+    switch (message.attribute) {
+    case PrimeInputState:
+        return EmitDecoded(message, &PrimeObject::getPrimeInputStateResponse,
+                           "GetPrimeInputStateResponseHandler");
+    case PrimeSpeed:
+        return EmitDecoded(message, &PrimeObject::getPrimeSpeedResponse,
+                           "GetPrimeSpeedResponseHandler");
     default:
-        // A refused set emits nothing: the value layer learns of it by its own read-back.
-        return true;
+        return false;
     }
 }
 
 bool PrimeObject::HandleUpdate(const ProtocolMessage& message) {
-    bool read = false;
     switch (message.attribute) {
     case PrimeInputState:
-        read = AnswerUpdate<uint8_t>(message,
-                                     [this](uint8_t state) { emit updatePrimeInputState(state); });
-        break;
+        return AnswerUpdate(message, &PrimeObject::updatePrimeInputState, "UpdateHandler");
     case PrimeSpeed:
-        read = AnswerUpdate<uint32_t>(
-            message, [this](uint32_t speedDrpm) { emit updatePrimeSpeed(speedDrpm); });
-        break;
+        return AnswerUpdate(message, &PrimeObject::updatePrimeSpeed, "UpdateHandler");
     default:
         ReplyInvalidAttribute(message);
         return true;
     }
-    if (!read) {
-        BWL_LOG_READ_FAILURE("UpdateHandler");
-    }
-    return true;
 }
 
 } // namespace communication::objects

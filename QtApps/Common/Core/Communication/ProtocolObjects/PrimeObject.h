@@ -43,6 +43,7 @@ protected:
 
 private:
     static bool IsSubscribable(uint8_t attribute) { return attribute < 4; }
+    bool HandleGetResponse(const ProtocolMessage& message);
 };
 
 } // namespace communication::objects

@@ -80,16 +80,24 @@ bool ProtocolProxy::SendEmpty(uint8_t attribute, Operation operation) {
 }
 
 bool ProtocolProxy::SendSubscribe(uint8_t attribute, uint16_t periodMs, bool onChange) {
-    if (!WriteFields(attribute, Operation::Sub, periodMs, static_cast<uint8_t>(onChange ? 1 : 0))) {
-        logger::write(logger::Level::Warn, mSourcePath, __LINE__, "Subscribe",
-                      QStringLiteral("Protocol message data write failure"));
-        return false;
-    }
-    return SendRequest();
+    return SendCompleteFields("Subscribe", attribute, Operation::Sub, periodMs,
+                              static_cast<uint8_t>(onChange ? 1 : 0));
 }
 
 bool ProtocolProxy::SendUnsubscribe(uint8_t attribute) {
     return SendEmpty(attribute, Operation::Unsub);
+}
+
+void ProtocolProxy::LogReadFailure(const LogSite& site) const {
+    if (site.function != kNotLogged) {
+        logger::write(logger::Level::Warn, mSourcePath, site.line, site.function,
+                      QStringLiteral("Protocol message data read failure"));
+    }
+}
+
+void ProtocolProxy::LogWriteFailure(const LogSite& site) const {
+    logger::write(logger::Level::Warn, mSourcePath, site.line, site.function,
+                  QStringLiteral("Protocol message data write failure"));
 }
 
 } // namespace communication::objects

@@ -3,12 +3,14 @@
 #include "Common/Protocol/ProtocolBaseObject.h"
 #include "Common/Protocol/ProtocolMessageHandler.h"
 #include "Common/Protocol/SourcePath.h"
+#include "PayloadFields.h"
+
 // Every signal type of the proxies, declared before any proxy's meta-object uses it.
 #include "ProtocolObjectMetaTypes.h"
-#include "ProtocolObjectSubscribeInterface.h"
 
 #include <cstdint>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 
 namespace communication::objects {
@@ -23,6 +25,20 @@ enum class MessageKind {
 };
 
 MessageKind Classify(const halyard::protocol::ProtocolMessage& message);
+
+/// The function label of a proxy's log line and the line of the proxy's source that gave it: a
+/// label passed as a string literal takes the line of the call (the builtin is GCC's, Clang's
+/// and MSVC's). A null label (kNotLogged) writes no line.
+struct LogSite {
+    LogSite(const char* functionLabel, int sourceLine = __builtin_LINE())
+        : function(functionLabel)
+        , line(sourceLine) {}
+
+    const char* function;
+    int line;
+};
+
+inline constexpr const char* kNotLogged = nullptr;
 
 /// The shared part of every proxy: the one request message it reuses for all its requests, the
 /// dispatch of received messages by kind, the update answer and the subscription requests.
@@ -80,57 +96,79 @@ protected:
     bool SendSubscribe(uint8_t attribute, uint16_t periodMs, bool onChange);
     bool SendUnsubscribe(uint8_t attribute);
 
-    /// Reads one field from the start of the payload.
-    template <typename T>
-    static bool ReadValue(const ProtocolMessage& message, T& value) {
-        halyard::protocol::PayloadReader reader = message.Reader();
-        return reader.Read(value);
+    /// Writes the fields of a setter's request; when one does not fit, logs "Protocol message
+    /// data write failure" under `site` and still sends what was built.
+    template <typename... Fields>
+    bool SendFields(LogSite site, uint8_t attribute, Operation operation, Fields... fields) {
+        if (!WriteFields(attribute, operation, fields...)) {
+            LogWriteFailure(site);
+        }
+        return SendRequest();
     }
 
-    /// Answers an update: reads its value; on success hands it to `raise` and answers success,
-    /// else answers InvalidMessageData. Returns whether the value was read, so that the proxy
-    /// can log the failure under its own name.
-    template <typename T, typename Raise>
-    bool AnswerUpdate(const ProtocolMessage& message, Raise raise) {
-        T value{};
-        if (!ReadValue(message, value)) {
-            ReplyInvalidMessageData(message);
+    /// As SendFields, but a request that did not fit is not sent.
+    template <typename... Fields>
+    bool SendCompleteFields(LogSite site, uint8_t attribute, Operation operation,
+                            Fields... fields) {
+        if (!WriteFields(attribute, operation, fields...)) {
+            LogWriteFailure(site);
             return false;
         }
-        raise(value);
+        return SendRequest();
+    }
+
+    /// Decodes the answer's payload into the arguments of the proxy's `signal` and emits it.
+    /// When the payload is too short, logs "Protocol message data read failure" under `site`,
+    /// emits nothing and returns false. `decode` reads the arguments (ReadFieldsInOrder unless the
+    /// proxy has its own layout).
+    template <typename Proxy, typename... Args, typename Decode = ReadFieldsInOrder>
+    bool EmitDecoded(const ProtocolMessage& message, void (Proxy::*signal)(Args...), LogSite site,
+                     Decode decode = {}) {
+        if (!DecodeAndEmit(message, signal, decode)) {
+            LogReadFailure(site);
+            return false;
+        }
+        return true;
+    }
+
+    /// Answers an update of a published attribute: decodes it as EmitDecoded does, emits and
+    /// answers success; when it is too short logs under `site` (unless kNotLogged) and answers
+    /// InvalidMessageData. An update is always consumed: returns true.
+    template <typename Proxy, typename... Args, typename Decode = ReadFieldsInOrder>
+    bool AnswerUpdate(const ProtocolMessage& message, void (Proxy::*signal)(Args...), LogSite site,
+                      Decode decode = {}) {
+        if (!DecodeAndEmit(message, signal, decode)) {
+            LogReadFailure(site);
+            ReplyInvalidMessageData(message);
+            return true;
+        }
         ReplySuccess(message);
         return true;
     }
 
+    /// The two payload failure lines, under the proxy's own source path; nothing for kNotLogged.
+    void LogReadFailure(const LogSite& site) const;
+    void LogWriteFailure(const LogSite& site) const;
+
 private:
+    template <typename Proxy, typename... Args, typename Decode>
+    bool DecodeAndEmit(const ProtocolMessage& message, void (Proxy::*signal)(Args...),
+                       Decode& decode) {
+        static_assert(std::is_base_of_v<ProtocolProxy, Proxy>);
+        std::tuple<std::decay_t<Args>...> values;
+        halyard::protocol::PayloadReader reader = message.Reader();
+        const auto read = [&reader, &decode](auto&... value) { return decode(reader, value...); };
+        if (!std::apply(read, values)) {
+            return false;
+        }
+        Proxy& proxy = static_cast<Proxy&>(*this);
+        std::apply([&proxy, signal](const auto&... value) { emit(proxy.*signal)(value...); },
+                   values);
+        return true;
+    }
+
     ProtocolMessage mRequest;
     std::string_view mSourcePath;
 };
-
-/// The time-out pattern of the proxies whose pump object publishes: an unanswered get, set,
-/// subscribe or unsubscribe raises the matching time-out signal with its attribute; other
-/// operations raise nothing. The get and set signals are the proxy's own.
-template <typename Proxy>
-void RaiseTimeoutSignal(Proxy& proxy, const halyard::protocol::ProtocolMessage& message,
-                        void (Proxy::*getTimeout)(uint8_t), void (Proxy::*setTimeout)(uint8_t)) {
-    static_assert(std::is_base_of_v<ProtocolObjectSubscribeInterface, Proxy>);
-    using halyard::protocol::message::Operation;
-    switch (message.operation) {
-    case Operation::Get:
-        emit(proxy.*getTimeout)(message.attribute);
-        break;
-    case Operation::Set:
-        emit(proxy.*setTimeout)(message.attribute);
-        break;
-    case Operation::Sub:
-        emit proxy.subscribeTimeout(message.attribute);
-        break;
-    case Operation::Unsub:
-        emit proxy.unsubscribeTimeout(message.attribute);
-        break;
-    default:
-        break;
-    }
-}
 
 } // namespace communication::objects

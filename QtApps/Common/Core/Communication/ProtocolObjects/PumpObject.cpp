@@ -1,8 +1,30 @@
 #include "PumpObject.h"
 
-#include "ProxyLog.h"
+#include "ProxyAnswers.h"
 
 namespace communication::objects {
+
+namespace {
+
+// A refused set raises ackSetResult exactly like an accepted one: callers read the value back
+// after every acknowledged set, which shows what the pump holds either way.
+constexpr AnswerSignals<PumpObject> kAnswers{
+    &PumpObject::getTimeout,   &PumpObject::setTimeout,   &PumpObject::ackSetResult,
+    &PumpObject::ackGetResult, &PumpObject::ackSetResult,
+};
+
+// A control input outside the known ones is a read failure like a short payload.
+bool ReadControlInput(halyard::protocol::PayloadReader& reader,
+                      halyard::pump::ControlInput& controlInput) {
+    uint8_t raw = 0;
+    if (!reader.Read(raw) || raw >= static_cast<uint8_t>(halyard::pump::ControlInput::Count)) {
+        return false;
+    }
+    controlInput = static_cast<halyard::pump::ControlInput>(raw);
+    return true;
+}
+
+} // namespace
 
 PumpObject::PumpObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
@@ -29,38 +51,27 @@ bool PumpObject::RequestAckFaults() {
 
 // The motor-fault and override setters send nothing when the payload cannot be written; the
 // other setters log and send what was built.
-bool PumpObject::SendSet(uint8_t attribute, uint8_t value, const char* function,
-                         bool sendIfIncomplete) {
-    if (!WriteFields(attribute, Operation::Set, value)) {
-        BWL_LOG_WRITE_FAILURE(function);
-        if (!sendIfIncomplete) {
-            return false;
-        }
-    }
-    return SendRequest();
-}
-
 bool PumpObject::RequestSetMotorFault(uint8_t faultType) {
-    return SendSet(Faults, faultType, "RequestSetMotorFault", false);
+    return SendCompleteFields("RequestSetMotorFault", Faults, Operation::Set, faultType);
 }
 
 bool PumpObject::RequestSetControlInput(uint8_t controlInput) {
-    return SendSet(ControlInput, controlInput, "RequestSetControlInput", true);
+    return SendFields("RequestSetControlInput", ControlInput, Operation::Set, controlInput);
 }
 
 bool PumpObject::RequestSetApplicationSpeed(uint32_t applicationSpeedDrpm) {
-    if (!WriteFields(ApplicationSpeed, Operation::Set, applicationSpeedDrpm)) {
-        BWL_LOG_WRITE_FAILURE("RequestSetApplicationSpeed");
-    }
-    return SendRequest();
+    return SendFields("RequestSetApplicationSpeed", ApplicationSpeed, Operation::Set,
+                      applicationSpeedDrpm);
 }
 
 bool PumpObject::RequestSetApplicationSpeedEnable(uint8_t enable) {
-    return SendSet(ApplicationSpeedEnable, enable, "RequestSetApplicationSpeedEnable", true);
+    return SendFields("RequestSetApplicationSpeedEnable", ApplicationSpeedEnable, Operation::Set,
+                      enable);
 }
 
 bool PumpObject::RequestSetApplicationOverrideActive(uint8_t active) {
-    return SendSet(ApplicationOverrideActive, active, "RequestSetApplicationOverrideActive", false);
+    return SendCompleteFields("RequestSetApplicationOverrideActive", ApplicationOverrideActive,
+                              Operation::Set, active);
 }
 
 bool PumpObject::RequestGetControlInput() {
@@ -92,101 +103,40 @@ bool PumpObject::Unsubscribe(uint8_t attribute) {
 }
 
 bool PumpObject::HandleTimeout(const ProtocolMessage& message) {
-    RaiseTimeoutSignal(*this, message, &PumpObject::getTimeout, &PumpObject::setTimeout);
+    RaiseTimeoutSignal(*this, message, kAnswers);
     return true;
 }
 
 bool PumpObject::HandleRefusal(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        emit ackGetResult(message.attribute);
-        break;
-    case Operation::Set:
-        // Deliberately the same signal as an accepted set.
-        emit ackSetResult(message.attribute);
-        break;
-    case Operation::Sub:
-        emit ackSubscribeResult(false, message.attribute);
-        break;
-    default:
-        break;
-    }
-    return true;
+    return AnswerRefusal(*this, message, kAnswers);
 }
 
 bool PumpObject::HandleResponse(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        return HandleGetResponse(message);
-    case Operation::Set:
-        if (message.attribute == Faults) {
-            uint8_t faultType = 0;
-            if (!ReadValue(message, faultType)) {
-                BWL_LOG_READ_FAILURE("SetFaultResponseHandler");
-                return false;
-            }
-            emit ackSetFaultResult(static_cast<MotorFaultType>(faultType));
-            return true;
-        }
-        emit ackSetResult(message.attribute);
-        return true;
-    case Operation::Sub:
-        emit ackSubscribeResult(true, message.attribute);
-        return true;
-    default:
-        // The fault acknowledgement's answer among them.
-        return false;
+    // The pump confirms a motor fault with the fault it raised. The fault acknowledgement's
+    // answer is not consumed.
+    if (message.operation == Operation::Set && message.attribute == Faults) {
+        return EmitDecoded(message, &PumpObject::ackSetFaultResult, "SetFaultResponseHandler");
     }
+    return AnswerResponse(*this, message, kAnswers, &PumpObject::HandleGetResponse);
 }
 
 bool PumpObject::HandleGetResponse(const ProtocolMessage& message) {
     switch (message.attribute) {
-    case ControlInput: {
-        uint8_t controlInput = 0;
-        if (!ReadValue(message, controlInput) ||
-            controlInput >= static_cast<uint8_t>(halyard::pump::ControlInput::Count)) {
-            BWL_LOG_READ_FAILURE("GetControlInputResponseHandler");
-            return false;
-        }
-        emit getControlInputResponse(static_cast<halyard::pump::ControlInput>(controlInput));
-        return true;
-    }
-    case ApplicationSpeed: {
-        int32_t speedDrpm = 0;
-        if (!ReadValue(message, speedDrpm)) {
-            BWL_LOG_READ_FAILURE("GetApplicationSpeedResponseHandler");
-            return false;
-        }
-        emit getApplicationSpeedResponse(speedDrpm);
-        return true;
-    }
-    case ApplicationSpeedEnable: {
-        uint8_t enable = 0;
-        if (!ReadValue(message, enable)) {
-            BWL_LOG_READ_FAILURE("GetApplicationSpeedEnableResponseHandler");
-            return false;
-        }
-        emit getApplicationSpeedEnableResponse(enable != 0);
-        return true;
-    }
-    case ApplicationOverrideActive: {
-        uint8_t active = 0;
-        if (!ReadValue(message, active)) {
-            BWL_LOG_READ_FAILURE("GetApplicationOverrideActiveResponseHandler");
-            return false;
-        }
-        emit getApplicationOverrideActiveResponse(active != 0);
-        return true;
-    }
-    case MaxApplicationSpeed: {
-        uint32_t speedDrpm = 0;
-        if (!ReadValue(message, speedDrpm)) {
-            BWL_LOG_READ_FAILURE("GetMaxApplicationSpeedResponseHandler");
-            return false;
-        }
-        emit getMaxApplicationSpeedResponse(speedDrpm);
-        return true;
-    }
+    case ControlInput:
+        return EmitDecoded(message, &PumpObject::getControlInputResponse,
+                           "GetControlInputResponseHandler", ReadControlInput);
+    case ApplicationSpeed:
+        return EmitDecoded(message, &PumpObject::getApplicationSpeedResponse,
+                           "GetApplicationSpeedResponseHandler");
+    case ApplicationSpeedEnable:
+        return EmitDecoded(message, &PumpObject::getApplicationSpeedEnableResponse,
+                           "GetApplicationSpeedEnableResponseHandler");
+    case ApplicationOverrideActive:
+        return EmitDecoded(message, &PumpObject::getApplicationOverrideActiveResponse,
+                           "GetApplicationOverrideActiveResponseHandler");
+    case MaxApplicationSpeed:
+        return EmitDecoded(message, &PumpObject::getMaxApplicationSpeedResponse,
+                           "GetMaxApplicationSpeedResponseHandler");
     default:
         return false;
     }
@@ -197,42 +147,19 @@ bool PumpObject::HandleUpdate(const ProtocolMessage& message) {
     // one-byte and fault updates are also logged.
     switch (message.attribute) {
     case Faults:
-        if (!AnswerUpdate<uint32_t>(message,
-                                    [this](uint32_t faults) { emit updateFaults(faults); })) {
-            BWL_LOG_READ_FAILURE("UpdateHandler");
-        }
-        return true;
+        return AnswerUpdate(message, &PumpObject::updateFaults, "UpdateHandler");
     case ApplicationSpeed:
-        AnswerUpdate<uint32_t>(message,
-                               [this](uint32_t speed) { emit updateApplicationSpeed(speed); });
-        return true;
+        return AnswerUpdate(message, &PumpObject::updateApplicationSpeed, kNotLogged);
     case ApplicationOverrideActive:
-        if (!AnswerUpdate<uint8_t>(message, [this](uint8_t active) {
-                emit updateApplicationOverrideActive(active != 0);
-            })) {
-            BWL_LOG_READ_FAILURE("UpdateHandler");
-        }
-        return true;
+        return AnswerUpdate(message, &PumpObject::updateApplicationOverrideActive, "UpdateHandler");
     case MaxApplicationSpeed:
-        AnswerUpdate<uint32_t>(message,
-                               [this](uint32_t speed) { emit updateMaxApplicationSpeed(speed); });
-        return true;
+        return AnswerUpdate(message, &PumpObject::updateMaxApplicationSpeed, kNotLogged);
     case CoverStatus:
-        if (!AnswerUpdate<uint8_t>(message,
-                                   [this](uint8_t open) { emit updateCoverStatus(open != 0); })) {
-            BWL_LOG_READ_FAILURE("UpdateHandler");
-        }
-        return true;
+        return AnswerUpdate(message, &PumpObject::updateCoverStatus, "UpdateHandler");
     case Direction:
-        if (!AnswerUpdate<uint8_t>(message, [this](uint8_t direction) {
-                emit updateDirection(static_cast<halyard::Direction>(direction));
-            })) {
-            BWL_LOG_READ_FAILURE("UpdateHandler");
-        }
-        return true;
+        return AnswerUpdate(message, &PumpObject::updateDirection, "UpdateHandler");
     case PowerUsage:
-        AnswerUpdate<float>(message, [this](float watts) { emit updatePowerUsage(watts); });
-        return true;
+        return AnswerUpdate(message, &PumpObject::updatePowerUsage, kNotLogged);
     default:
         ReplyInvalidAttribute(message);
         return true;

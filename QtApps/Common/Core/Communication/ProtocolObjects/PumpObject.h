@@ -76,7 +76,6 @@ protected:
 private:
     static bool IsPublished(uint8_t attribute);
     bool HandleGetResponse(const ProtocolMessage& message);
-    bool SendSet(uint8_t attribute, uint8_t value, const char* function, bool sendIfIncomplete);
 };
 
 } // namespace communication::objects

@@ -1,8 +1,25 @@
 #include "SpeedCommanderObject.h"
 
-#include "ProxyLog.h"
+#include "ProxyAnswers.h"
 
 namespace communication::objects {
+
+namespace {
+
+// Accepted and refused sets raise the same acknowledgement.
+constexpr AnswerSignals<SpeedCommanderObject> kAnswers{
+    &SpeedCommanderObject::getTimeout, &SpeedCommanderObject::setTimeout,
+    &SpeedCommanderObject::setAck,     &SpeedCommanderObject::getAck,
+    &SpeedCommanderObject::setAck,
+};
+
+bool ReadProfile(halyard::protocol::PayloadReader& reader, QSpeedRangeProfile& profile) {
+    return reader.Read(profile.MinimumSpeedDrpm) && reader.Read(profile.MaximumSpeedDrpm) &&
+           reader.Read(profile.MinimumInput) && reader.Read(profile.MaximumInput) &&
+           reader.Read(profile.Hysteresis);
+}
+
+} // namespace
 
 SpeedCommanderObject::SpeedCommanderObject(halyard::protocol::ProtocolInterface& protocol,
                                            QObject* parent)
@@ -32,29 +49,17 @@ bool SpeedCommanderObject::WriteProfileToRequest(uint8_t attribute,
     if (!IsSpeedRange(attribute)) {
         return false;
     }
-    if (!WriteFields(attribute, Operation::Set, profile.MinimumSpeedDrpm, profile.MaximumSpeedDrpm,
-                     profile.MinimumInput, profile.MaximumInput, profile.Hysteresis)) {
-        BWL_LOG_WRITE_FAILURE("WriteProfileToRequest");
-        return false;
-    }
-    return SendRequest();
-}
-
-bool SpeedCommanderObject::WriteSingleValue(uint8_t attribute, uint32_t value,
-                                            const char* function) {
-    if (!WriteFields(attribute, Operation::Set, value)) {
-        BWL_LOG_WRITE_FAILURE(function);
-        return false;
-    }
-    return SendRequest();
+    return SendCompleteFields("WriteProfileToRequest", attribute, Operation::Set,
+                              profile.MinimumSpeedDrpm, profile.MaximumSpeedDrpm,
+                              profile.MinimumInput, profile.MaximumInput, profile.Hysteresis);
 }
 
 bool SpeedCommanderObject::SetEnableLineSpeed(uint32_t speedDrpm) {
-    return WriteSingleValue(EnableLineSpeed, speedDrpm, "SetEnableLineSpeed");
+    return SendCompleteFields("SetEnableLineSpeed", EnableLineSpeed, Operation::Set, speedDrpm);
 }
 
 bool SpeedCommanderObject::SetHysteresis(uint8_t attribute, uint32_t hysteresis) {
-    return WriteSingleValue(attribute, hysteresis, "SetHysteresis");
+    return SendCompleteFields("SetHysteresis", attribute, Operation::Set, hysteresis);
 }
 
 bool SpeedCommanderObject::Subscribe(uint8_t attribute, uint16_t perdiodMs, bool onChange) {
@@ -69,132 +74,86 @@ bool SpeedCommanderObject::HandleTimeout(const ProtocolMessage& message) {
     if (message.operation == Operation::SetDef) {
         emit setDefaultTimeout(message.attribute);
     } else {
-        RaiseTimeoutSignal(*this, message, &SpeedCommanderObject::getTimeout,
-                           &SpeedCommanderObject::setTimeout);
+        RaiseTimeoutSignal(*this, message, kAnswers);
     }
     return true;
 }
 
+// A set-default is acknowledged alike whether accepted or refused; refusals of operations this
+// proxy never sends are not consumed.
 bool SpeedCommanderObject::HandleRefusal(const ProtocolMessage& message) {
     switch (message.operation) {
-    case Operation::Get:
-        emit getAck(message.attribute);
-        return true;
-    case Operation::Set:
-        emit setAck(message.attribute);
-        return true;
     case Operation::SetDef:
         emit setDefaultAck(message.attribute);
         return true;
+    case Operation::Get:
+    case Operation::Set:
     case Operation::Sub:
-        emit ackSubscribeResult(false, message.attribute);
-        return true;
+        return AnswerRefusal(*this, message, kAnswers);
     default:
         return false;
     }
 }
 
 bool SpeedCommanderObject::HandleResponse(const ProtocolMessage& message) {
-    switch (message.operation) {
-    case Operation::Get:
-        return HandleGet(message);
-    case Operation::Set:
-        emit setAck(message.attribute);
-        return true;
-    case Operation::SetDef:
+    if (message.operation == Operation::SetDef) {
         emit setDefaultAck(message.attribute);
         return true;
-    case Operation::Sub:
-        emit ackSubscribeResult(true, message.attribute);
-        return true;
-    default:
-        return false;
     }
+    return AnswerResponse(*this, message, kAnswers, &SpeedCommanderObject::HandleGet);
 }
 
 bool SpeedCommanderObject::HandleGet(const ProtocolMessage& message) {
-    halyard::protocol::PayloadReader reader = message.Reader();
-    if (message.attribute == EnableLineSpeed) {
-        uint32_t speedDrpm = 0;
-        if (!reader.Read(speedDrpm)) {
-            BWL_LOG_READ_FAILURE("GetHandler");
-            return false;
-        }
-        emit getEnableLineSpeedResponse(speedDrpm);
-        return true;
-    }
-    if (message.attribute == EnableLineSpeedLimits) {
-        uint32_t minSpeedDrpm = 0;
-        uint32_t maxSpeedDrpm = 0;
-        if (!reader.Read(minSpeedDrpm) || !reader.Read(maxSpeedDrpm)) {
-            BWL_LOG_READ_FAILURE("GetHandler");
-            return false;
-        }
-        emit getEnableLineSpeedLimitsResponse(minSpeedDrpm, maxSpeedDrpm);
-        return true;
-    }
-
-    QSpeedRangeProfile profile;
-    if (!reader.Read(profile.MinimumSpeedDrpm) || !reader.Read(profile.MaximumSpeedDrpm) ||
-        !reader.Read(profile.MinimumInput) || !reader.Read(profile.MaximumInput) ||
-        !reader.Read(profile.Hysteresis)) {
-        BWL_LOG_READ_FAILURE("ReadProfileFromMessage");
-        return false;
-    }
+    using Self = SpeedCommanderObject;
     switch (message.attribute) {
+    case EnableLineSpeed:
+        return EmitDecoded(message, &Self::getEnableLineSpeedResponse, "GetHandler");
+    case EnableLineSpeedLimits:
+        return EmitDecoded(message, &Self::getEnableLineSpeedLimitsResponse, "GetHandler");
     case CurrentSpeedRange:
-        emit getCurrentSpeedRangeResponse(profile);
-        return true;
+        return EmitProfile(message, &Self::getCurrentSpeedRangeResponse);
     case CurrentSpeedRangeLimits:
-        emit getCurrentSpeedRangeLimitsResponse(profile);
-        return true;
+        return EmitProfile(message, &Self::getCurrentSpeedRangeLimitsResponse);
     case FrequencySpeedRange:
-        emit getFrequencySpeedRangeResponse(profile);
-        return true;
+        return EmitProfile(message, &Self::getFrequencySpeedRangeResponse);
     case FrequencySpeedRangeLimits:
-        emit getFrequencySpeedRangeLimitsResponse(profile);
-        return true;
+        return EmitProfile(message, &Self::getFrequencySpeedRangeLimitsResponse);
     case VoltageSpeedRange:
-        emit getVoltageSpeedRangeResponse(profile);
-        return true;
+        return EmitProfile(message, &Self::getVoltageSpeedRangeResponse);
     case VoltageSpeedRangeLimits:
-        emit getVoltageSpeedRangeLimitsResponse(profile);
-        return true;
-    default:
+        return EmitProfile(message, &Self::getVoltageSpeedRangeLimitsResponse);
+    default: {
+        // Any other attribute is read as a profile too, so a short one is logged, then dropped.
+        halyard::protocol::PayloadReader reader = message.Reader();
+        QSpeedRangeProfile unused;
+        if (!ReadProfile(reader, unused)) {
+            LogReadFailure("ReadProfileFromMessage");
+        }
         return false;
+    }
     }
 }
 
+bool SpeedCommanderObject::EmitProfile(const ProtocolMessage& message, ProfileSignal signal) {
+    return EmitDecoded(message, signal, "ReadProfileFromMessage", ReadProfile);
+}
+
 bool SpeedCommanderObject::HandleUpdate(const ProtocolMessage& message) {
-    bool read = true;
+    using Self = SpeedCommanderObject;
     switch (message.attribute) {
     case CurrentTargetSpeed:
-        read = AnswerUpdate<uint32_t>(message,
-                                      [this](uint32_t s) { emit updateCurrentTargetSpeed(s); });
-        break;
+        return AnswerUpdate(message, &Self::updateCurrentTargetSpeed, "UpdateTargetSpeedHandler");
     case VoltageTargetSpeed:
-        read = AnswerUpdate<uint32_t>(message,
-                                      [this](uint32_t s) { emit updateVoltageTargetSpeed(s); });
-        break;
+        return AnswerUpdate(message, &Self::updateVoltageTargetSpeed, "UpdateTargetSpeedHandler");
     case FrequencyTargetSpeed:
-        read = AnswerUpdate<uint32_t>(message,
-                                      [this](uint32_t s) { emit updateFrequencyTargetSpeed(s); });
-        break;
+        return AnswerUpdate(message, &Self::updateFrequencyTargetSpeed, "UpdateTargetSpeedHandler");
     case EnableLineAsserted:
-        if (!AnswerUpdate<uint8_t>(message, [this](uint8_t asserted) {
-                emit updateEnableLineAsserted(asserted != 0);
-            })) {
-            BWL_LOG_READ_FAILURE("UpdateEnableLineAssertedHandler");
-        }
-        return true;
+        return AnswerUpdate(message, &Self::updateEnableLineAsserted,
+                            "UpdateEnableLineAssertedHandler");
     default:
         ReplyInvalidAttribute(message);
         return true;
     }
-    if (!read) {
-        BWL_LOG_READ_FAILURE("UpdateTargetSpeedHandler");
-    }
-    return true;
 }
 
 } // namespace communication::objects

@@ -78,8 +78,9 @@ protected:
 
 private:
     static bool IsSpeedRange(uint8_t attribute);
+    using ProfileSignal = void (SpeedCommanderObject::*)(QSpeedRangeProfile);
     bool HandleGet(const ProtocolMessage& message);
-    bool WriteSingleValue(uint8_t attribute, uint32_t value, const char* function);
+    bool EmitProfile(const ProtocolMessage& message, ProfileSignal signal);
 };
 
 } // namespace communication::objects
