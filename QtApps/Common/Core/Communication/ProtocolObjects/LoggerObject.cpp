@@ -1,10 +1,22 @@
 #include "LoggerObject.h"
 
-#include "ProxyLog.h"
-
 #include <array>
 
 namespace communication::objects {
+
+namespace {
+
+// The entry's text up to its NUL, which must come within kLogEntryCapacity bytes.
+bool ReadLogEntry(halyard::protocol::PayloadReader& reader, QString& logEntry) {
+    std::array<char, LoggerObject::kLogEntryCapacity> text{};
+    if (!reader.ReadString(text.data(), text.size())) {
+        return false;
+    }
+    logEntry = QString::fromLocal8Bit(text.data());
+    return true;
+}
+
+} // namespace
 
 LoggerObject::LoggerObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : QObject(parent)
@@ -53,23 +65,17 @@ bool LoggerObject::HandleResponse(const ProtocolMessage& message) {
 }
 
 bool LoggerObject::HandleGetResponse(const ProtocolMessage& message) {
-    if (message.attribute != FirstLogEntry && message.attribute != NextLogEntry) {
+    switch (message.attribute) {
+    case FirstLogEntry:
+        return EmitDecoded(message, &LoggerObject::getFirstLogEntryResponse,
+                           "GetLogEntryResponseHandler", ReadLogEntry);
+    case NextLogEntry:
+        return EmitDecoded(message, &LoggerObject::getNextLogEntryResponse,
+                           "GetLogEntryResponseHandler", ReadLogEntry);
+    default:
         ReplyInvalidAttribute(message);
         return true;
     }
-    std::array<char, kLogEntryCapacity> text{};
-    halyard::protocol::PayloadReader reader = message.Reader();
-    if (!reader.ReadString(text.data(), text.size())) {
-        BWL_LOG_READ_FAILURE("GetLogEntryResponseHandler");
-        return false;
-    }
-    const QString logEntry = QString::fromLocal8Bit(text.data());
-    if (message.attribute == FirstLogEntry) {
-        emit getFirstLogEntryResponse(logEntry);
-    } else {
-        emit getNextLogEntryResponse(logEntry);
-    }
-    return true;
 }
 
 } // namespace communication::objects

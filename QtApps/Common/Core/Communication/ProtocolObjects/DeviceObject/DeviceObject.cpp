@@ -1,8 +1,16 @@
 #include "DeviceObject.h"
 
-#include "QtApps/Common/Core/Communication/ProtocolObjects/ProxyLog.h"
-
 namespace communication::objects {
+
+namespace {
+
+// The device type, then the application firmware version as major, minor, patch.
+bool ReadDeviceDetails(halyard::protocol::PayloadReader& reader, DeviceDetails& details) {
+    return reader.Read(details.deviceType) && reader.Read(details.appVersion.major) &&
+           reader.Read(details.appVersion.minor) && reader.Read(details.appVersion.patch);
+}
+
+} // namespace
 
 DeviceObject::DeviceObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : QObject(parent)
@@ -42,25 +50,14 @@ bool DeviceObject::HandlePumpRequest(const ProtocolMessage& /*message*/) {
 bool DeviceObject::HandleResponse(const ProtocolMessage& message) {
     switch (message.operation) {
     case Operation::GetAll:
-        return HandleResponseAll(message);
+        return EmitDecoded(message, &DeviceObject::receivedDeviceDetails, "HandleResponseAll",
+                           ReadDeviceDetails);
     case Operation::Reset:
         emit receivedResetAck();
         return true;
     default:
         return false;
     }
-}
-
-bool DeviceObject::HandleResponseAll(const ProtocolMessage& message) {
-    halyard::protocol::PayloadReader reader = message.Reader();
-    DeviceDetails details;
-    if (!reader.Read(details.deviceType) || !reader.Read(details.appVersion.major) ||
-        !reader.Read(details.appVersion.minor) || !reader.Read(details.appVersion.patch)) {
-        BWL_LOG_READ_FAILURE("HandleResponseAll");
-        return false;
-    }
-    emit receivedDeviceDetails(details);
-    return true;
 }
 
 } // namespace communication::objects

@@ -34,9 +34,6 @@ protected:
     bool HandleResponse(const ProtocolMessage& message) override;
     bool HandleRefusal(const ProtocolMessage& message) override;
     bool HandlePumpRequest(const ProtocolMessage& message) override;
-
-private:
-    bool HandleResponseAll(const ProtocolMessage& message);
 };
 
 } // namespace communication::objects

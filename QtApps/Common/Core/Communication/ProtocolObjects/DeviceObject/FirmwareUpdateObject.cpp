@@ -27,27 +27,15 @@ FirmwareUpdateObject::FirmwareUpdateObject(halyard::protocol::ProtocolInterface&
     , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
 
 bool FirmwareUpdateObject::RequestStart(uint8_t bank, uint32_t imageSize, uint32_t imageCrc32) {
-    if (!WriteFields(ImageControl, Operation::Start, bank, imageSize, imageCrc32)) {
-        BWL_LOG_WRITE_FAILURE("RequestStart");
-        return false;
-    }
-    return SendTracked();
+    return SendControl("RequestStart", Operation::Start, bank, imageSize, imageCrc32);
 }
 
 bool FirmwareUpdateObject::RequestVerify(uint8_t bank) {
-    if (!WriteFields(ImageControl, Operation::Verify, bank)) {
-        BWL_LOG_WRITE_FAILURE("RequestVerify");
-        return false;
-    }
-    return SendTracked();
+    return SendControl("RequestVerify", Operation::Verify, bank);
 }
 
 bool FirmwareUpdateObject::RequestStop(uint8_t bank) {
-    if (!WriteFields(ImageControl, Operation::Stop, bank)) {
-        BWL_LOG_WRITE_FAILURE("RequestStop");
-        return false;
-    }
-    return SendTracked();
+    return SendControl("RequestStop", Operation::Stop, bank);
 }
 
 bool FirmwareUpdateObject::SendFirmwareData(uint8_t bank, uint32_t offset, QByteArrayView data) {

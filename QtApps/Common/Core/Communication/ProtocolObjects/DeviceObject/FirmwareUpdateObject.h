@@ -63,6 +63,15 @@ private:
         ProtocolMessage message;
     };
 
+    /// An image-control request, sent only when complete, and tracked for its repeats.
+    template <typename... Fields>
+    bool SendControl(LogSite site, Operation operation, Fields... fields) {
+        if (!WriteFields(ImageControl, operation, fields...)) {
+            LogWriteFailure(site);
+            return false;
+        }
+        return SendTracked();
+    }
     bool SendTracked();
     PendingRequest* FindPending(const ProtocolMessage& answer);
     PendingRequest& SlotForNewRequest();

@@ -10,6 +10,45 @@ using halyard::protocol::PayloadReader;
 using halyard::protocol::message::Status;
 using halyard::protocol::message::Type;
 
+namespace {
+
+// A text field of the payload: up to the first NUL, which belongs to the field. Fails when no
+// NUL comes within the field's capacity.
+template <std::size_t Capacity>
+bool ReadText(PayloadReader& reader, std::array<char, Capacity>& field, std::size_t& length) {
+    field.fill('\0');
+    if (!reader.ReadString(field.data(), field.size())) {
+        return false;
+    }
+    length = std::char_traits<char>::length(field.data());
+    return true;
+}
+
+bool ReadPumpDetails(PayloadReader& reader, PumpDetails& details) {
+    return reader.Read(details.pumpType) && reader.Read(details.motorType) &&
+           reader.Read(details.headType) &&
+           ReadText(reader, details.pumpSerial, details.pumpSerialLength) &&
+           ReadText(reader, details.partNumber, details.partNumberLength) &&
+           reader.Read(details.isNetworkPump) && reader.Read(details.isStepperPump);
+}
+
+// The list is all or nothing: a half row drops the whole answer, and so does an empty list.
+bool ReadPumpHeads(PayloadReader& reader, QList<QPumpHeadParameterTypes>& heads) {
+    while (reader.Remaining() > 0) {
+        std::array<char, QPumpHeadParameterTypes::kNameCapacity> name{};
+        QPumpHeadParameterTypes row;
+        if (!reader.ReadString(name.data(), name.size()) || !reader.Read(row.value) ||
+            !reader.Read(row.parameterA) || !reader.Read(row.parameterB)) {
+            return false;
+        }
+        row.name = QString::fromLocal8Bit(name.data());
+        heads.append(row);
+    }
+    return !heads.isEmpty();
+}
+
+} // namespace
+
 OemDeviceObject::OemDeviceObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : QObject(parent)
     , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
@@ -119,7 +158,8 @@ bool OemDeviceObject::HandleAnswer(const ProtocolMessage& message) {
     case Operation::Get:
         return HandleGetResponse(message);
     case Operation::GetAll:
-        return HandleGetAllResponse(message);
+        return EmitDecoded(message, &OemDeviceObject::receivedPumpDetails, "HandleGetAllResponse",
+                           ReadPumpDetails);
     case Operation::Set:
         emit receivedSetAck(accepted, message.attribute,
                             accepted ? Status::Success : message.status);
@@ -134,98 +174,38 @@ bool OemDeviceObject::HandleAnswer(const ProtocolMessage& message) {
 }
 
 bool OemDeviceObject::HandleGetResponse(const ProtocolMessage& message) {
-    PayloadReader reader = message.Reader();
     switch (message.attribute) {
-    case PumpHead: {
-        uint8_t head = 0;
-        if (!reader.Read(head)) {
-            BWL_LOG_READ_FAILURE("HandleGetPumpHeadResponse");
-            return false;
-        }
-        emit receivedPumpHead(static_cast<halyard::pump::PumpHead>(head));
-        return true;
-    }
+    case PumpHead:
+        return EmitDecoded(message, &OemDeviceObject::receivedPumpHead,
+                           "HandleGetPumpHeadResponse");
     case PumpHeads:
-        return HandleGetPumpHeadsResponse(message);
-    case PlecPortCliEnable: {
-        uint8_t value = 0;
-        if (!reader.Read(value)) {
-            BWL_LOG_READ_FAILURE("HandleGetPlecPortCliEnableResponse");
-            return false;
-        }
-        emit receivedCliEnableAck(value);
+        return EmitDecoded(message, &OemDeviceObject::receivedPumpHeads,
+                           "HandleGetPumpHeadsResponse", ReadPumpHeads);
+    case PlecPortCliEnable:
+        return EmitDecoded(message, &OemDeviceObject::receivedCliEnableAck,
+                           "HandleGetPlecPortCliEnableResponse");
+    case ProductDescription:
+        EmitProductDescription(message);
         return true;
-    }
-    case ProductDescription: {
-        objects::PumpDetails details;
-        const bool success =
-            reader.ReadString(details.productDescription.data(), details.productDescription.size());
-        if (success) {
-            details.productDescriptionLength =
-                std::char_traits<char>::length(details.productDescription.data());
-        } else {
-            details.productDescription.fill('\0');
-        }
-        emit receivedProductDescription(success, details);
-        return true;
-    }
     default:
         return false;
     }
 }
 
-namespace {
-
-// A text field of the payload: up to the first NUL, which belongs to the field. Fails when no
-// NUL comes within the field's capacity.
-template <std::size_t Capacity>
-bool ReadText(PayloadReader& reader, std::array<char, Capacity>& field, std::size_t& length) {
-    field.fill('\0');
-    if (!reader.ReadString(field.data(), field.size())) {
-        return false;
-    }
-    length = std::char_traits<char>::length(field.data());
-    return true;
-}
-
-} // namespace
-
-bool OemDeviceObject::HandleGetAllResponse(const ProtocolMessage& message) {
+// Reported whether or not it could be read: a description without its NUL is reported as a
+// failure with an empty text, and is not logged.
+void OemDeviceObject::EmitProductDescription(const ProtocolMessage& message) {
     PayloadReader reader = message.Reader();
     objects::PumpDetails details;
-    if (!reader.Read(details.pumpType) || !reader.Read(details.motorType) ||
-        !reader.Read(details.headType) ||
-        !ReadText(reader, details.pumpSerial, details.pumpSerialLength) ||
-        !ReadText(reader, details.partNumber, details.partNumberLength) ||
-        !reader.Read(details.isNetworkPump) || !reader.Read(details.isStepperPump)) {
-        BWL_LOG_READ_FAILURE("HandleGetAllResponse");
-        return false;
+    const bool success =
+        reader.ReadString(details.productDescription.data(), details.productDescription.size());
+    if (success) {
+        details.productDescriptionLength =
+            std::char_traits<char>::length(details.productDescription.data());
+    } else {
+        details.productDescription.fill('\0');
     }
-    emit receivedPumpDetails(details);
-    return true;
-}
-
-// The list is all or nothing: a half row drops the whole answer, and so does an empty list.
-bool OemDeviceObject::HandleGetPumpHeadsResponse(const ProtocolMessage& message) {
-    PayloadReader reader = message.Reader();
-    QList<QPumpHeadParameterTypes> heads;
-    while (reader.Remaining() > 0) {
-        std::array<char, QPumpHeadParameterTypes::kNameCapacity> name{};
-        QPumpHeadParameterTypes row;
-        if (!reader.ReadString(name.data(), name.size()) || !reader.Read(row.value) ||
-            !reader.Read(row.parameterA) || !reader.Read(row.parameterB)) {
-            BWL_LOG_READ_FAILURE("HandleGetPumpHeadsResponse");
-            return false;
-        }
-        row.name = QString::fromLocal8Bit(name.data());
-        heads.append(row);
-    }
-    if (heads.isEmpty()) {
-        BWL_LOG_READ_FAILURE("HandleGetPumpHeadsResponse");
-        return false;
-    }
-    emit receivedPumpHeads(heads);
-    return true;
+    emit receivedProductDescription(success, details);
 }
 
 } // namespace communication::objects

@@ -66,8 +66,7 @@ private:
     bool SendFresh(uint8_t attribute, Operation operation);
     bool HandleAnswer(const ProtocolMessage& message);
     bool HandleGetResponse(const ProtocolMessage& message);
-    bool HandleGetAllResponse(const ProtocolMessage& message);
-    bool HandleGetPumpHeadsResponse(const ProtocolMessage& message);
+    void EmitProductDescription(const ProtocolMessage& message);
 };
 
 } // namespace communication::objects
