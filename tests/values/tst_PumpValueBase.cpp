@@ -1,3 +1,5 @@
+#include "LogCapture.h"
+
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObjectSubscribeInterface.h"
 #include "QtApps/Common/Model/PumpValues/PumpValueBase.h"
 
@@ -51,6 +53,7 @@ private slots:
     void subscribe_usesDefaultsOnRetryAfterExplicitParameters();
     void requestOnlyValue_ignoresSubscriptions();
     void boolText_namesBothValues();
+    void log_namesTheValueItsSourceAndTheStep();
 };
 
 void PumpValueBaseTest::getTimeouts_retryTwiceAbortOnThirdThenCountAgain() {
@@ -225,6 +228,40 @@ void PumpValueBaseTest::requestOnlyValue_ignoresSubscriptions() {
 void PumpValueBaseTest::boolText_namesBothValues() {
     QCOMPARE(PumpValueBase::boolText(true), QStringLiteral("True"));
     QCOMPARE(PumpValueBase::boolText(false), QStringLiteral("False"));
+}
+
+void PumpValueBaseTest::log_namesTheValueItsSourceAndTheStep() {
+    LogCapture log;
+    RecordingSubscribeInterface proxy;
+    proxy.accept = false;
+    PumpValueBase value(kAttribute, QStringLiteral("PrimeSpeed"), &proxy, 1000, true);
+
+    value.onGetValueTimeout(kAttribute);
+    for (int i = 0; i < 3; ++i) {
+        value.onSetValueTimeout(kAttribute);
+    }
+    value.onSetDefaultValueTimeout(kAttribute);
+    value.onAckSubscribe(false, kAttribute);
+    value.subscribe();
+    value.unsubscribe();
+
+    const QString source = QStringLiteral("QtApps/Common/Model/PumpValues/PumpValueBase:");
+    QCOMPARE(log.count(source), 8);
+    QCOMPARE(log.count(QStringLiteral(
+                 " onGetValueTimeout - PrimeSpeed onGetValueTimeout, no response, retrying")),
+             1);
+    QCOMPARE(log.count(QStringLiteral("PrimeSpeed onSetValueTimeout, no response, retrying")), 2);
+    QCOMPARE(log.count(QStringLiteral("PrimeSpeed onSetValueTimeout, no response, aborting Set")),
+             1);
+    QCOMPARE(
+        log.count(QStringLiteral("PrimeSpeed onSetDefaultValueTimeout, no response, retrying")), 1);
+    QCOMPARE(log.count(QStringLiteral(" onAckSubscribe - PrimeSpeed onAckResult, failed")), 1);
+    QCOMPARE(log.count(QStringLiteral(
+                 " subscribeWithParams - PrimeSpeed subscribe, can't send Subscribe")),
+             1);
+    QCOMPARE(
+        log.count(QStringLiteral(" unsubscribe - PrimeSpeed unsubscribe, can't send Unsubscribe")),
+        1);
 }
 
 QTEST_GUILESS_MAIN(PumpValueBaseTest)

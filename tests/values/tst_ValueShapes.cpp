@@ -1,4 +1,5 @@
 #include "LinkHarness.h"
+#include "LogCapture.h"
 
 #include "QtApps/Common/Model/PumpValues/Motor/PumpActualSpeed.h"
 #include "QtApps/Common/Model/PumpValues/Motor/PumpCelerationLimits.h"
@@ -86,6 +87,7 @@ void ValueShapesTest::settable_unansweredSetIsSentThreeTimesThenAborted() {
 }
 
 void ValueShapesTest::settable_refusedSendIsDroppedWithoutRetry() {
+    LogCapture log;
     LinkHarness link;
     PumpApplicationSpeed speed(link.container());
     QSignalSpy retries(&speed, &PumpValueBase::retrySetValue);
@@ -95,6 +97,14 @@ void ValueShapesTest::settable_refusedSendIsDroppedWithoutRetry() {
     link.refuseSends(false);
     QCOMPARE(link.sent().size(), 0u);
     QCOMPARE(retries.count(), 0);
+    // Logged under the value's own source and the operation's name.
+    QCOMPARE(log.count(QStringLiteral("QtApps/Common/Model/PumpValues/PumpApplicationSpeed:")), 2);
+    QCOMPARE(log.count(QStringLiteral(
+                 " setApplicationSpeed - setApplicationSpeed, can't send SetApplicationSpeed")),
+             1);
+    QCOMPARE(log.count(QStringLiteral(
+                 " getApplicationSpeed - getApplicationSpeed, can't send GetApplicationSpeed")),
+             1);
 }
 
 void ValueShapesTest::settable_getTimeoutsRetryTheGetAndAnswersAcknowledgeIt() {

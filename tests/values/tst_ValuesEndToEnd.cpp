@@ -1,3 +1,4 @@
+#include "LogCapture.h"
 #include "SimulatorLink.h"
 
 #include <QTest>
@@ -210,6 +211,7 @@ void ValuesEndToEndTest::streamingValues_streamAtTheirDefaultPeriods() {
 }
 
 void ValuesEndToEndTest::silentPump_setGivesUpAfterExactlyThreeSends() {
+    LogCapture log;
     // The pump hears nothing the application sends.
     SimulatorLink link({QStringLiteral("--drop-in"), QStringLiteral("1")});
     QString error;
@@ -226,6 +228,9 @@ void ValuesEndToEndTest::silentPump_setGivesUpAfterExactlyThreeSends() {
     QCOMPARE(retries.count, 2);
     QCOMPARE(aborts.count, 1);
     QCOMPARE(successes.count, 0);
+    QCOMPARE(log.count(QStringLiteral("PrimeSpeed onSetValueTimeout, no response, retrying")), 2);
+    QCOMPARE(log.count(QStringLiteral("PrimeSpeed onSetValueTimeout, no response, aborting Set")),
+             1);
 }
 
 QTEST_GUILESS_MAIN(ValuesEndToEndTest)
