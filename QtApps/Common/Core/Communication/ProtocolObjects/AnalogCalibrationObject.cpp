@@ -1,7 +1,7 @@
 #include "AnalogCalibrationObject.h"
 
 #include "ProxyAnswers.h"
-#include "ProxyLog.h"
+#include "QtApps/Common/Logger/Log.h"
 
 #include <QLocale>
 
@@ -88,7 +88,7 @@ bool AnalogCalibrationObject::HandleAnswer(const ProtocolMessage& message, bool 
     float slope = 0.0F;
     float offset = 0.0F;
     if (!reader.Read(slope) || !reader.Read(offset)) {
-        BWL_LOG_READ_FAILURE("HandleGetAck");
+        LogReadFailure("HandleGetAck");
         emit invalidData(attribute);
         return true;
     }

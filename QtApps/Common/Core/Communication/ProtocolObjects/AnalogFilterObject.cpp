@@ -1,7 +1,6 @@
 #include "AnalogFilterObject.h"
 
 #include "ProxyAnswers.h"
-#include "ProxyLog.h"
 
 namespace communication::objects {
 
@@ -103,7 +102,7 @@ void AnalogFilterObject::HandleGetAnswer(const ProtocolMessage& message, bool ac
     if (isCount) {
         uint32_t numSamples = 0;
         if (!reader.Read(numSamples)) {
-            BWL_LOG_READ_FAILURE("HandleGetNumSamples");
+            LogReadFailure("HandleGetNumSamples");
             emit invalidData(attribute);
             return;
         }
@@ -113,7 +112,7 @@ void AnalogFilterObject::HandleGetAnswer(const ProtocolMessage& message, bool ac
     uint32_t minimum = 0;
     uint32_t maximum = 0;
     if (!reader.Read(minimum) || !reader.Read(maximum)) {
-        BWL_LOG_READ_FAILURE("HandleGetNumSamplesLimits");
+        LogReadFailure("HandleGetNumSamplesLimits");
         emit invalidData(attribute);
         return;
     }
@@ -135,7 +134,7 @@ bool AnalogFilterObject::HandlePumpRequest(const ProtocolMessage& message) {
     AnalogFilterData data;
     if (!reader.Read(data.input) || !reader.Read(data.output) || !reader.Read(data.inputVariance) ||
         !reader.Read(data.outputVariance)) {
-        BWL_LOG_READ_FAILURE("HandleUpdate");
+        LogReadFailure("HandleUpdate");
         emit invalidData(attribute);
         return true;
     }

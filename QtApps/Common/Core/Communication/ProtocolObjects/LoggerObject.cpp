@@ -32,6 +32,8 @@ bool LoggerObject::GetNextLogEntry() {
     return SendEmpty(NextLogEntry, Operation::Get);
 }
 
+// The log model relies on both quirks: a get time-out is also reported as a clear time-out, and
+// a refused clear is acknowledged like a successful one.
 bool LoggerObject::HandleTimeout(const ProtocolMessage& message) {
     if (message.operation == Operation::Get) {
         emit getTimeout(message.attribute);

@@ -1,7 +1,6 @@
 #include "NetworkObject.h"
 
 #include "ProxyAnswers.h"
-#include "ProxyLog.h"
 
 namespace communication::objects {
 
@@ -80,7 +79,7 @@ bool NetworkObject::SetIpSettings(const halyard::protocol::IpConfig& ipConfig, u
                           writer.Write(extra);
     writer.Close();
     if (!complete) {
-        BWL_LOG_WRITE_FAILURE("SetIpSettings");
+        LogWriteFailure("SetIpSettings");
         return false;
     }
     return SendRequest();

@@ -1,6 +1,6 @@
 #include "FirmwareUpdateObject.h"
 
-#include "QtApps/Common/Core/Communication/ProtocolObjects/ProxyLog.h"
+#include "QtApps/Common/Logger/Log.h"
 
 #include <iterator>
 
@@ -46,7 +46,7 @@ bool FirmwareUpdateObject::SendFirmwareData(uint8_t bank, uint32_t offset, QByte
                                             static_cast<std::size_t>(data.size()));
     writer.Close();
     if (!complete) {
-        BWL_LOG_WRITE_FAILURE("SendFirmwareData");
+        LogWriteFailure("SendFirmwareData");
         return false;
     }
     return SendTracked();
@@ -171,7 +171,7 @@ bool FirmwareUpdateObject::HandleIncomingDataRequest(const ProtocolMessage& mess
     uint16_t length = 0;
     if (!reader.Read(bank) || !reader.Read(offset) || !reader.Read(length) || length == 0 ||
         length > kMaxDataLength) {
-        BWL_LOG_READ_FAILURE("HandleIncomingDataRequest");
+        LogReadFailure("HandleIncomingDataRequest");
         ReplyInvalidMessageData(message);
         return true;
     }
@@ -185,7 +185,7 @@ bool FirmwareUpdateObject::ReadAndRaiseStatusSignal(const ProtocolMessage& messa
     FirmwareUpdateStatus status;
     if (!reader.Read(status.stage) || !reader.Read(status.bank) || !reader.Read(status.bytesDone) ||
         !reader.Read(status.imageSize)) {
-        BWL_LOG_READ_FAILURE("ReadAndRaiseStatusSignal");
+        LogReadFailure("ReadAndRaiseStatusSignal");
         ReplyInvalidMessageData(message);
         return true;
     }

@@ -1,7 +1,5 @@
 #include "OemDeviceObject.h"
 
-#include "QtApps/Common/Core/Communication/ProtocolObjects/ProxyLog.h"
-
 #include <array>
 
 namespace communication::objects {
@@ -97,7 +95,7 @@ bool OemDeviceObject::RequestSetPumpHead(const QString& head) {
                           writer.Write(uint8_t{0});
     writer.Close();
     if (!complete) {
-        BWL_LOG_WRITE_FAILURE("RequestSetPumpHead");
+        LogWriteFailure("RequestSetPumpHead");
         return false;
     }
     return Messaging().Send(message);
@@ -109,7 +107,7 @@ bool OemDeviceObject::RequestSetPlecPortCliEnable(uint8_t enable) {
     const bool complete = writer.Write(enable);
     writer.Close();
     if (!complete) {
-        BWL_LOG_WRITE_FAILURE("RequestSetPlecPortCliEnable");
+        LogWriteFailure("RequestSetPlecPortCliEnable");
         return false;
     }
     return Messaging().Send(message);
