@@ -10,8 +10,11 @@ namespace {
 
 // Accepted and refused sets both raise ackSetResult.
 constexpr AnswerSignals<MotorObject> kAnswers{
-    &MotorObject::getTimeout,   &MotorObject::setTimeout,   &MotorObject::ackSetResult,
-    &MotorObject::ackGetResult, &MotorObject::ackSetResult,
+    &MotorObject::getTimeout,   // get time-out
+    &MotorObject::setTimeout,   // set time-out
+    &MotorObject::ackSetResult, // set accepted
+    &MotorObject::ackGetResult, // get refused
+    &MotorObject::ackSetResult, // set refused
 };
 
 // The readout has a fixed size: an answer with bytes left over is not one.

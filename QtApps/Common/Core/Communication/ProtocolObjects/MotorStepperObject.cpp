@@ -8,9 +8,11 @@ namespace {
 
 // Unlike the motor proxy, a refused set raises its own signal.
 constexpr AnswerSignals<MotorStepperObject> kAnswers{
-    &MotorStepperObject::getTimeout,   &MotorStepperObject::setTimeout,
-    &MotorStepperObject::ackSetResult, &MotorStepperObject::ackGetResult,
-    &MotorStepperObject::nakSetResult,
+    &MotorStepperObject::getTimeout,   // get time-out
+    &MotorStepperObject::setTimeout,   // set time-out
+    &MotorStepperObject::ackSetResult, // set accepted
+    &MotorStepperObject::ackGetResult, // get refused
+    &MotorStepperObject::nakSetResult, // set refused
 };
 
 // One float per torque index, as many as fit; a trailing part of a float is ignored. An answer

@@ -12,9 +12,9 @@ namespace {
 // Time-outs and accepted answers follow the common pattern; refusals are this proxy's own
 // (HandleRefusal), which its time-outs raise as well.
 constexpr AnswerSignals<NetworkObject> kAnswers{
-    &NetworkObject::getTimedOut,
-    &NetworkObject::setTimedOut,
-    &NetworkObject::ackSet,
+    &NetworkObject::getTimedOut, // get time-out
+    &NetworkObject::setTimedOut, // set time-out
+    &NetworkObject::ackSet,      // set accepted
 };
 
 // The three addresses are the protocol's only big-endian fields. Read failures are logged as

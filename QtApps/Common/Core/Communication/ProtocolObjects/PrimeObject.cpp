@@ -8,11 +8,11 @@ namespace {
 
 // A refused set raises nothing: the value layer learns of it by its own read-back.
 constexpr AnswerSignals<PrimeObject> kAnswers{
-    &PrimeObject::getTimeout,
-    &PrimeObject::setTimeout,
-    &PrimeObject::ackSetResult,
-    &PrimeObject::ackGetResult,
-    nullptr,
+    &PrimeObject::getTimeout,   // get time-out
+    &PrimeObject::setTimeout,   // set time-out
+    &PrimeObject::ackSetResult, // set accepted
+    &PrimeObject::ackGetResult, // get refused
+    nullptr,                    // set refused
 };
 
 } // namespace

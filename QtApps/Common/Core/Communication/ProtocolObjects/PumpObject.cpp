@@ -9,8 +9,11 @@ namespace {
 // A refused set raises ackSetResult exactly like an accepted one: callers read the value back
 // after every acknowledged set, which shows what the pump holds either way.
 constexpr AnswerSignals<PumpObject> kAnswers{
-    &PumpObject::getTimeout,   &PumpObject::setTimeout,   &PumpObject::ackSetResult,
-    &PumpObject::ackGetResult, &PumpObject::ackSetResult,
+    &PumpObject::getTimeout,   // get time-out
+    &PumpObject::setTimeout,   // set time-out
+    &PumpObject::ackSetResult, // set accepted
+    &PumpObject::ackGetResult, // get refused
+    &PumpObject::ackSetResult, // set refused
 };
 
 // A control input outside the known ones is a read failure like a short payload.

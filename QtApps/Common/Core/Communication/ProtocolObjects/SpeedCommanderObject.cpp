@@ -8,9 +8,11 @@ namespace {
 
 // Accepted and refused sets raise the same acknowledgement.
 constexpr AnswerSignals<SpeedCommanderObject> kAnswers{
-    &SpeedCommanderObject::getTimeout, &SpeedCommanderObject::setTimeout,
-    &SpeedCommanderObject::setAck,     &SpeedCommanderObject::getAck,
-    &SpeedCommanderObject::setAck,
+    &SpeedCommanderObject::getTimeout, // get time-out
+    &SpeedCommanderObject::setTimeout, // set time-out
+    &SpeedCommanderObject::setAck,     // set accepted
+    &SpeedCommanderObject::getAck,     // get refused
+    &SpeedCommanderObject::setAck,     // set refused
 };
 
 bool ReadProfile(halyard::protocol::PayloadReader& reader, QSpeedRangeProfile& profile) {
