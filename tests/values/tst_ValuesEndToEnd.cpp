@@ -37,6 +37,7 @@ class ValuesEndToEndTest : public QObject {
 private slots:
     void settableValues_areAcknowledgedAndReadBackDespiteLostFrames();
     void streamingValues_streamAtTheirDefaultPeriods();
+    void networkCalibrationAndTorque_setsAreAcknowledgedDespiteLostFrames();
     void silentPump_setGivesUpAfterExactlyThreeSends();
 
 private:
@@ -208,6 +209,37 @@ void ValuesEndToEndTest::streamingValues_streamAtTheirDefaultPeriods() {
         QVERIFY2(stream.updates->count >= expected * 6 / 10, what.constData());
         QVERIFY2(stream.updates->count <= expected * 3 / 2 + 2, what.constData());
     }
+}
+
+void ValuesEndToEndTest::networkCalibrationAndTorque_setsAreAcknowledgedDespiteLostFrames() {
+    SimulatorLink link(kLossyLine +
+                       QStringList{QStringLiteral("--variant"), QStringLiteral("network")});
+    QString error;
+    QVERIFY2(link.start(error), qPrintable(error));
+    PumpValues& values = link.values();
+
+    auto& ip = values.get<PumpNetworkIpConfig>();
+    SignalCounter configs(&ip, &PumpNetworkIpConfig::getIpConfigResult);
+    expectAcknowledgedAndReadBack("IpConfig", ip, configs, [&ip] {
+        ip.set(halyard::protocol::IpConfig{false, 0xC0A8000A, 0xFFFFFF00, 0xC0A80001});
+    });
+    SignalCounter resets(&ip, &PumpNetworkIpConfig::ipResetResult);
+    QVERIFY(QMetaObject::invokeMethod(&ip, [&ip] { ip.reset(); }));
+    QTRY_COMPARE_WITH_TIMEOUT(resets.count, 1, kAnswerTimeoutMs);
+
+    auto* calibration = &values.get<PumpAnalogCalibration>();
+    SignalCounter calibrationsSet(calibration, &PumpAnalogCalibration::setCalibrationResult);
+    SignalCounter calibrationsRead(calibration, &PumpAnalogCalibration::getCalibrationResult);
+    QVERIFY(QMetaObject::invokeMethod(
+        calibration, [calibration] { calibration->onSetCalibration(1, 1.02F, -3.5F); }));
+    QTRY_VERIFY_WITH_TIMEOUT(calibrationsSet.count == 1 && calibrationsRead.count == 1,
+                             kAnswerTimeoutMs);
+
+    // Last: an accepted torque index reboots the pump.
+    auto& torque = values.get<PumpTorqueIndex>();
+    SignalCounter rebooted(&torque.pumpReset(), &PumpValueBase::setSuccess);
+    QVERIFY(QMetaObject::invokeMethod(&torque, [&torque] { torque.setTorqueIndexAndReboot(1); }));
+    QTRY_COMPARE_WITH_TIMEOUT(rebooted.count, 1, kAnswerTimeoutMs);
 }
 
 void ValuesEndToEndTest::silentPump_setGivesUpAfterExactlyThreeSends() {

@@ -16,9 +16,13 @@ signals:
 public slots:
     void onUpdateFilterData(uint8_t attribute,
                             const communication::objects::AnalogFilterData& data) {
-        if (attribute == this->attribute()) {
-            emit filterDataChanged(data);
+        if (attribute != this->attribute()) {
+            return;
         }
+        // The filter object swallows the pump's subscribe answers; data arriving is the proof
+        // that the subscription holds, so it clears the subscribe time-outs instead.
+        onAckSubscribe(true, attribute);
+        emit filterDataChanged(data);
     }
 
 protected:
