@@ -1,6 +1,7 @@
 // The real application, offscreen, against pumps played by the test on pseudo-terminals.
 #include "tests/support/PumpLine.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -77,10 +78,20 @@ private slots:
         // Connects on the first port and pings about once a second.
         QTRY_COMPARE_WITH_TIMEOUT(count(first, Start), 1, 5000);
         QCOMPARE(first.received().at(1).payload[0], 0xE8);
-        const int pingsAtStart = count(first, KeepAlive);
-        QTest::qWait(3200); // a span of pings, counted below
-        const int pings = count(first, KeepAlive) - pingsAtStart;
-        QVERIFY2(pings >= 2 && pings <= 4, qPrintable(QString::number(pings)));
+        QElapsedTimer clock;
+        clock.start();
+        QList<qint64> pingTimes;
+        connect(&first, &PumpLine::messageReceived, this, [&] {
+            if (first.received().back().attribute == KeepAlive) {
+                pingTimes << clock.elapsed();
+            }
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(pingTimes.size() >= 3, 5000);
+        for (int i = 1; i < 3; ++i) {
+            const qint64 gap = pingTimes[i] - pingTimes[i - 1];
+            QVERIFY2(gap > 700 && gap < 1300, qPrintable(QString::number(gap)));
+        }
+        disconnect(&first, &PumpLine::messageReceived, this, nullptr);
 
         // A silent pump is given up and found again.
         firstAnswers = false;
