@@ -54,7 +54,8 @@ bool ProtocolComms::openPort(const QString& portName) {
 }
 
 // The receive ring, the transmit queue and the request log keep their contents: a partial frame
-// is completed or dropped by the next delimiters, and outstanding requests still time out.
+// is completed or dropped by the next delimiters, and requests still outstanding are reported by
+// the time-out scan once a port is open again (the session clears the log before it rescans).
 void ProtocolComms::closePort() {
     disconnect(mSerial, &QSerialPort::readyRead, this, &ProtocolComms::onReadyRead);
     disconnect(mSerial, &QSerialPort::errorOccurred, this, &ProtocolComms::onPortError);
