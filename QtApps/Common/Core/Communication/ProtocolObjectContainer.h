@@ -32,6 +32,7 @@ class ProtocolObjectContainer final : public QObject {
     Q_OBJECT
 
     // One line per proxy. Each takes (ProtocolInterface&, QObject* parent).
+    // clang-format off
     using Proxies = std::tuple<objects::ProtocolObject*,
                                objects::ProtocolTestObject*,
                                objects::ProtocolBandwidthObject*,
@@ -48,6 +49,7 @@ class ProtocolObjectContainer final : public QObject {
                                objects::SpeedCommanderObject*,
                                objects::NetworkObject*,
                                objects::LoggerObject*>;
+    // clang-format on
 
 public:
     static constexpr std::size_t kProxyCount = std::tuple_size_v<Proxies>;
