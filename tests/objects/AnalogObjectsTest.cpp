@@ -247,11 +247,13 @@ private slots:
         QSignalSpy invalidOperation(&filter, &AnalogFilterObject::invalidOperation);
 
         h.pumpRequest(4, 4, 5, 8,
-                      le<uint32_t>(1) + le<uint32_t>(2) + le<uint32_t>(3) + le<uint32_t>(4));
+                      le<float>(12000.5F) + le<float>(2.0F) + le<float>(1600.25F) +
+                          le<float>(0.5F));
         QCOMPARE(data.size(), 1);
         const auto sample = data.takeFirst().at(1).value<AnalogFilterData>();
-        QCOMPARE(sample.input, 1u);
-        QCOMPARE(sample.outputVariance, 4u);
+        QCOMPARE(sample.input, 12000.5F);
+        QCOMPARE(sample.inputVariance, 1600.25F);
+        QCOMPARE(sample.outputVariance, 0.5F);
 
         h.pumpRequest(4, 4, 6, 8, le<uint32_t>(1) + le<uint32_t>(2) + le<uint32_t>(3));
         QCOMPARE(invalidData.takeFirst().at(0).value<uint8_t>(), 6);

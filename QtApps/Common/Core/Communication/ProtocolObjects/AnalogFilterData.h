@@ -1,16 +1,15 @@
 #pragma once
 
-#include <cstdint>
-
 namespace communication::objects {
 
-/// One sample of an analog input filter as the pump publishes it: four u32, 16 bytes, in field
-/// order. The analog filter controller gives the values their meaning.
+/// One sample of an analog input filter as the pump publishes it: four 32-bit floats, 16 bytes,
+/// in field order. Input and output are in the input's unit (microamperes or millivolts), as the
+/// analog input object publishes them; the variances in its square, fractional at low noise.
 struct AnalogFilterData {
-    std::uint32_t input = 0;
-    std::uint32_t output = 0;
-    std::uint32_t inputVariance = 0;
-    std::uint32_t outputVariance = 0;
+    float input = 0.0F;
+    float output = 0.0F;
+    float inputVariance = 0.0F;
+    float outputVariance = 0.0F;
 };
 
 } // namespace communication::objects
