@@ -204,13 +204,26 @@ void ObjectsEndToEndTest::deviceObjects_identityPumpHeadsPortSettingAndResets() 
 
     // Every row of the catalogue, in order: setting a head by a row's name fits the head of
     // that row's index, so the name, its NUL and the fields after it were all read in step.
+    // Each row holds a rated speed, then the BLDC and stepper compatibility flags, by which the
+    // head selector filters; the head fitted to this stepper pump fits a stepper.
     Heard heads(oem, &OemDeviceObject::receivedPumpHeads);
     REQUEST_AND_WAIT(heads, [&] { return oem.RequestGetPumpHeads(); });
     const QList<QPumpHeadParameterTypes> catalogue = heads.lastArg();
     QCOMPARE(catalogue.size(), kPumpHeadCount);
     for (const QPumpHeadParameterTypes& row : catalogue) {
-        QVERIFY2(!row.name.isEmpty() && row.value > 0, qPrintable(row.name));
+        const QByteArray what = QStringLiteral("%1: %2 %3 %4")
+                                    .arg(row.name)
+                                    .arg(row.value)
+                                    .arg(row.parameterA)
+                                    .arg(row.parameterB)
+                                    .toUtf8();
+        QVERIFY2(!row.name.isEmpty() && row.value > 0 && row.value <= 10 * kMaxSpeedDrpm,
+                 what.constData());
+        QVERIFY2(row.parameterA <= 1 && row.parameterB <= 1 &&
+                     (row.parameterA == 1 || row.parameterB == 1),
+                 what.constData());
     }
+    QCOMPARE(int(catalogue.at(5).parameterB), 1);
     constexpr uint8_t kNewHead = 9;
     Heard setAcks(oem, &OemDeviceObject::receivedSetAck);
     REQUEST_AND_WAIT(setAcks, [&] { return oem.RequestSetPumpHead(catalogue.at(kNewHead).name); });

@@ -91,8 +91,9 @@ private slots:
         SimulatorRig rig;
         QVERIFY(rig.ok());
         const QByteArray heads = rig.ask(1, 2, 4, Operation::Get);
+        // Name with its NUL, rated speed, then the BLDC and stepper flags: a stepper-only head.
         QByteArray firstRow =
-            QByteArray("Micro 0.5", 10) + le<std::uint32_t>(6000) + fromHex("0301");
+            QByteArray("Micro 0.5", 10) + le<std::uint32_t>(6000) + fromHex("0001");
         QCOMPARE(hex(heads.mid(5, firstRow.size())), hex(firstRow));
         QCOMPARE(rig.askHex(1, 2, 3, Operation::Set, QByteArray("Std 6.4", 8)), kAck);
         QCOMPARE(rig.askHex(1, 2, 3, Operation::Get), ackWith(fromHex("0b")));

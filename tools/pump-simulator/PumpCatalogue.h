@@ -12,10 +12,12 @@ namespace simulator {
 namespace catalogue {
 
 struct PumpHead {
-    const char* name; // at most 11 characters
-    std::uint32_t maxSpeedDrpm;
-    std::uint8_t rollers;
-    std::uint8_t channels;
+    const char* name;           // at most 11 characters
+    std::uint32_t maxSpeedDrpm; // rated speed
+    // Which motor kinds drive the head (1 yes, 0 no): the application lists a head only for a
+    // pump whose motor it fits.
+    std::uint8_t bldcCompatible;
+    std::uint8_t stepperCompatible;
 };
 
 inline constexpr std::size_t kPumpHeadCount = 27;

@@ -44,8 +44,8 @@ bool OemDeviceSimObject::writeAttribute(std::uint8_t attr, PayloadWriter& writer
     case attribute::kPumpHeads:
         for (const catalogue::PumpHead& head : catalogue::pumpHeads()) {
             if (!writer.WriteString(head.name, kHeadNameField) ||
-                !writer.Write(head.maxSpeedDrpm) || !writer.Write(head.rollers) ||
-                !writer.Write(head.channels)) {
+                !writer.Write(head.maxSpeedDrpm) || !writer.Write(head.bldcCompatible) ||
+                !writer.Write(head.stepperCompatible)) {
                 return false;
             }
         }
