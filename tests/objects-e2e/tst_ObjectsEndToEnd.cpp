@@ -768,8 +768,21 @@ void ObjectsEndToEndTest::speedCommanderObject_rangesEnableLineAndStreams() {
     QCOMPARE(int(setAcks.lastArg()), 5);
     REQUEST_AND_WAIT(voltageRange, [&] { return commander.Get(5); });
     COMPARE_PROFILE(voltageRange.lastArg(), voltageProfile);
-    // The new range moves the voltage input's target: 5000 mV is half-way from 500 to 9500.
-    QTRY_COMPARE_WITH_TIMEOUT(voltageTarget.lastArg(), 1300U, kAnswerMs);
+    // The new range moves the voltage input's target: 5000 mV is half-way from 500 to 9500,
+    // give or take the input's noise.
+    QTRY_VERIFY2_WITH_TIMEOUT(near(float(voltageTarget.lastArg()), 1300.0F, 10.0F),
+                              QByteArray::number(voltageTarget.lastArg()).constData(), kAnswerMs);
+    const QSpeedRangeProfile currentProfile{200, 2800, 4000, 20000, 100};
+    REQUEST_AND_WAIT(setAcks, [&] { return commander.WriteProfileToRequest(1, currentProfile); });
+    QCOMPARE(int(setAcks.lastArg()), 1);
+    REQUEST_AND_WAIT(currentRange, [&] { return commander.Get(1); });
+    COMPARE_PROFILE(currentRange.lastArg(), currentProfile);
+    const QSpeedRangeProfile frequencyProfile{0, 2000, 10, 900, 5};
+    REQUEST_AND_WAIT(setAcks,
+                     [&] { return commander.WriteProfileToRequest(12, frequencyProfile); });
+    QCOMPARE(int(setAcks.lastArg()), 12);
+    REQUEST_AND_WAIT(frequencyRange, [&] { return commander.Get(12); });
+    COMPARE_PROFILE(frequencyRange.lastArg(), frequencyProfile);
 
     REQUEST_AND_WAIT(setAcks, [&] { return commander.SetEnableLineSpeed(1500); });
     QCOMPARE(int(setAcks.lastArg()), 9);
@@ -786,12 +799,20 @@ void ObjectsEndToEndTest::speedCommanderObject_rangesEnableLineAndStreams() {
     const QSpeedRangeProfile tooFast{0, kMaxSpeedDrpm + 1, 0, 1000, 5};
     REQUEST_AND_WAIT(setAcks, [&] { return commander.WriteProfileToRequest(12, tooFast); });
     REQUEST_AND_WAIT(frequencyRange, [&] { return commander.Get(12); });
-    COMPARE_PROFILE(frequencyRange.lastArg(), kDefaultFrequencyRange);
+    COMPARE_PROFILE(frequencyRange.lastArg(), frequencyProfile);
 
+    REQUEST_AND_WAIT(defaultAcks, [&] { return commander.SetDefault(1); });
+    QCOMPARE(int(defaultAcks.lastArg()), 1);
+    REQUEST_AND_WAIT(currentRange, [&] { return commander.Get(1); });
+    COMPARE_PROFILE(currentRange.lastArg(), kDefaultCurrentRange);
     REQUEST_AND_WAIT(defaultAcks, [&] { return commander.SetDefault(5); });
     QCOMPARE(int(defaultAcks.lastArg()), 5);
     REQUEST_AND_WAIT(voltageRange, [&] { return commander.Get(5); });
     COMPARE_PROFILE(voltageRange.lastArg(), kDefaultVoltageRange);
+    REQUEST_AND_WAIT(defaultAcks, [&] { return commander.SetDefault(12); });
+    QCOMPARE(int(defaultAcks.lastArg()), 12);
+    REQUEST_AND_WAIT(frequencyRange, [&] { return commander.Get(12); });
+    COMPARE_PROFILE(frequencyRange.lastArg(), kDefaultFrequencyRange);
     REQUEST_AND_WAIT(defaultAcks, [&] { return commander.SetDefault(9); });
     REQUEST_AND_WAIT(enableLineSpeed, [&] { return commander.Get(9); });
     QCOMPARE(enableLineSpeed.lastArg(), 1000U);
