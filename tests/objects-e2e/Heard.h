@@ -41,16 +41,6 @@ public:
     const auto& lastArg() const {
         return std::get<Index>(mValues.back());
     }
-    /// Whether any emission had `value` as its argument number `Index`.
-    template <std::size_t Index = 0, typename T>
-    bool heardWith(const T& value) const {
-        for (const Values& values : mValues) {
-            if (std::get<Index>(values) == value) {
-                return true;
-            }
-        }
-        return false;
-    }
 
 private:
     std::vector<Values> mValues;
