@@ -442,16 +442,16 @@ void ObjectsEndToEndTest::motorObjects_celerationEncoderTorqueAndStreams() {
     REQUEST_AND_WAIT(limits, [&] { return motor.GetCelerationLimits(); });
     QCOMPARE(limits.lastArg().minimumRpmPerSec, 1.0F);
     QCOMPARE(limits.lastArg().maximumRpmPerSec, 1000.0F);
-    // At rest: no count, no revolution, no status or error bits, full signal quality in the
-    // fourth field.
+    // At rest: no count, no revolution, no status, warning or error bits, and the full field
+    // strength in the last byte.
     REQUEST_AND_WAIT(encoder, [&] { return motor.GetEncoderData(); });
     const halyard::encoder::EncoderData atRest = encoder.lastArg();
     QCOMPARE(atRest.count, 0U);
     QCOMPARE(atRest.revolutions, 0U);
     QCOMPARE(int(atRest.status), 0);
-    QCOMPARE(int(atRest.warnings), 100);
+    QCOMPARE(int(atRest.warnings), 0);
     QCOMPARE(int(atRest.errors), 0);
-    QCOMPARE(int(atRest.fieldStrength), 0);
+    QCOMPARE(int(atRest.fieldStrength), 100);
 
     Heard setAcks(motor, &MotorObject::ackSetResult);
     REQUEST_AND_WAIT(setAcks, [&] { return motor.SetAcceleration(1000.0F); });
@@ -498,7 +498,7 @@ void ObjectsEndToEndTest::motorObjects_celerationEncoderTorqueAndStreams() {
                              kAnswerMs);
     REQUEST_AND_WAIT(encoder, [&] { return motor.GetEncoderData(); });
     QVERIFY(encoder.lastArg().count != atRest.count);
-    QCOMPARE(int(encoder.lastArg().warnings), 100);
+    QCOMPARE(int(encoder.lastArg().fieldStrength), 100);
 
     Heard torqueIndex(stepper, &MotorStepperObject::getTorqueIndexResponse);
     Heard torqueTargets(stepper, &MotorStepperObject::getTorqueTargetsResponse);

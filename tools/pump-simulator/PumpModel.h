@@ -27,9 +27,9 @@ struct EncoderData {
     std::uint32_t position = 0;    // counts, 4000 a revolution, wrapping
     std::uint32_t revolutions = 0; // whole revolutions either way
     std::uint8_t status = 0;
-    std::uint8_t quality = 100; // percent
-    std::uint8_t errors = 0;
-    std::uint8_t reserved = 0;
+    std::uint8_t warnings = 0;        // bits, none raised
+    std::uint8_t errors = 0;          // bits, none raised
+    std::uint8_t fieldStrength = 100; // percent of the magnet's nominal field
 };
 
 /// The simulated pump drive: its identity, its non-volatile settings, and the machine itself,

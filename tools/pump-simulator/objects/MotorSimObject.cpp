@@ -28,8 +28,8 @@ bool MotorSimObject::writeAttribute(std::uint8_t attr, halyard::protocol::Payloa
     case attribute::kEncoderData: {
         const EncoderData data = mModel.encoderData();
         return writer.Write(data.position) && writer.Write(data.revolutions) &&
-               writer.Write(data.status) && writer.Write(data.quality) &&
-               writer.Write(data.errors) && writer.Write(data.reserved);
+               writer.Write(data.status) && writer.Write(data.warnings) &&
+               writer.Write(data.errors) && writer.Write(data.fieldStrength);
     }
     case attribute::kAcceleration:
         return writer.Write(mModel.settings().accelerationRpmPerSec);
