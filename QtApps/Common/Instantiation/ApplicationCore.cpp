@@ -3,6 +3,7 @@
 #include "QtApps/Common/Controllers/ControllerRegistry.h"
 #include "QtApps/Common/Core/Communication/ProtocolComms.h"
 #include "QtApps/Common/Logger/LoggerInstantiation.h"
+#include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "QtApps/Common/Models/ModelRegistry.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,7 @@ constexpr unsigned long kCommsThreadExitWaitMs = 2000;
 
 ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames)
     : mComms(new communication::ProtocolComms(*this))
+    , mValues(new communication::PumpValues(*mComms))
     , mControllers(new communication::ControllerRegistry(*mComms, portNames, application))
     , mModels(new models::ModelRegistry(*mControllers, application))
     , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName())) {

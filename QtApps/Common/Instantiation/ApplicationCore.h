@@ -11,6 +11,7 @@ class QCoreApplication;
 namespace communication {
 class ControllerRegistry;
 class ProtocolComms;
+class PumpValues;
 } // namespace communication
 namespace models {
 class ModelRegistry;
@@ -23,7 +24,8 @@ namespace common {
 
 /// Everything behind the screens, built once by the entry routine. It is itself the link's
 /// request log, so the log exists before anything that sends. The comms object, with everything
-/// below it, runs on "ProtocolCommsThread"; the registries and the logger stay on the main thread.
+/// below it (the proxies and the pump values, its children), runs on "ProtocolCommsThread"; the
+/// registries and the logger stay on the main thread.
 ///
 /// On aboutToQuit the comms object, the registries and the logger delete themselves in their own
 /// threads. The core's destructor then lets the comms thread finish that deletion (which writes
@@ -40,6 +42,8 @@ private:
     // Guarded: each deletes itself at aboutToQuit, and an event loop that never ran (a test) must
     // not leave them behind.
     QPointer<communication::ProtocolComms> mComms;
+    // A child of the comms object: it moves and is deleted with it.
+    QPointer<communication::PumpValues> mValues;
     QPointer<communication::ControllerRegistry> mControllers;
     QPointer<models::ModelRegistry> mModels;
     QPointer<logger::LoggerInstantiation> mLogger;

@@ -2,7 +2,7 @@
 #include "CommandLine.h"
 #include "Translations.h"
 
-#include "QtApps/Common/Core/Communication/MetaTypes.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObjectMetaTypes.h"
 #include "QtApps/Common/Logger/LogSetup.h"
 
 #include <QApplication>
@@ -69,7 +69,7 @@ int main(int argc, char* argv[]) {
     common::Translations translations;
     translations.InstallTranslators();
 
-    communication::RegisterMetaTypes();
+    communication::objects::registerProtocolObjectMetaTypes();
     common::ApplicationCore core(application, portNames);
 
     QQmlApplicationEngine engine;
