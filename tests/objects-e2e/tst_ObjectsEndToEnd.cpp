@@ -1,5 +1,5 @@
 #include "Heard.h"
-#include "ObjectsLink.h"
+#include "tests/support/SimulatorLink.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogCalibrationObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogFilterObject.h"
@@ -25,6 +25,7 @@
 
 using namespace communication::objects;
 using Status = halyard::protocol::message::Status;
+using testsupport::SimulatorLink;
 
 namespace {
 
@@ -149,7 +150,7 @@ private slots:
 };
 
 void ObjectsEndToEndTest::protocolObject_versionPingAndSession() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& protocol = link.proxy<ProtocolObject>();
@@ -170,7 +171,7 @@ void ObjectsEndToEndTest::protocolObject_versionPingAndSession() {
 }
 
 void ObjectsEndToEndTest::deviceObjects_identityPumpHeadsPortSettingAndResets() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& device = link.proxy<DeviceObject>();
@@ -263,7 +264,7 @@ void ObjectsEndToEndTest::deviceObjects_identityPumpHeadsPortSettingAndResets() 
 }
 
 void ObjectsEndToEndTest::pumpObject_getsSetsFaultsAndStreams() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& pump = link.proxy<PumpObject>();
@@ -377,7 +378,7 @@ void ObjectsEndToEndTest::pumpObject_getsSetsFaultsAndStreams() {
 }
 
 void ObjectsEndToEndTest::primeObject_getsSetsAndStreams() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& prime = link.proxy<PrimeObject>();
@@ -425,7 +426,7 @@ void ObjectsEndToEndTest::primeObject_getsSetsAndStreams() {
 }
 
 void ObjectsEndToEndTest::motorObjects_celerationEncoderTorqueAndStreams() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& motor = link.proxy<MotorObject>();
@@ -525,7 +526,7 @@ void ObjectsEndToEndTest::motorObjects_celerationEncoderTorqueAndStreams() {
 }
 
 void ObjectsEndToEndTest::analogInputObject_streamsTheMeasurements() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& input = link.proxy<AnalogInputObject>();
@@ -583,7 +584,7 @@ void ObjectsEndToEndTest::analogInputObject_streamsTheMeasurements() {
 }
 
 void ObjectsEndToEndTest::analogCalibrationObject_setsReadBackAndApply() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& calibration = link.proxy<AnalogCalibrationObject>();
@@ -624,7 +625,7 @@ void ObjectsEndToEndTest::analogCalibrationObject_setsReadBackAndApply() {
 }
 
 void ObjectsEndToEndTest::analogFilterObject_sampleCountsAndFilterData() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& filter = link.proxy<AnalogFilterObject>();
@@ -701,7 +702,7 @@ void ObjectsEndToEndTest::analogFilterObject_sampleCountsAndFilterData() {
 }
 
 void ObjectsEndToEndTest::speedCommanderObject_rangesEnableLineAndStreams() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& commander = link.proxy<SpeedCommanderObject>();
@@ -819,7 +820,7 @@ void ObjectsEndToEndTest::speedCommanderObject_rangesEnableLineAndStreams() {
 }
 
 void ObjectsEndToEndTest::networkObject_moduleIpConfigurationAndStreams() {
-    ObjectsLink link(kNetworkPump);
+    SimulatorLink link(kNetworkPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& network = link.proxy<NetworkObject>();
@@ -889,7 +890,7 @@ void ObjectsEndToEndTest::networkObject_moduleIpConfigurationAndStreams() {
 }
 
 void ObjectsEndToEndTest::networkObject_refusedByAnAnalogPump() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& network = link.proxy<NetworkObject>();
@@ -902,7 +903,7 @@ void ObjectsEndToEndTest::networkObject_refusedByAnAnalogPump() {
 }
 
 void ObjectsEndToEndTest::loggerObject_readsAndClearsTheEventLog() {
-    ObjectsLink link(kAnalogPump);
+    SimulatorLink link(kAnalogPump);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     auto& logger = link.proxy<LoggerObject>();

@@ -1,6 +1,6 @@
 // The analog input, calibration and filter proxies.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogCalibrationObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogFilterObject.h"
@@ -14,9 +14,9 @@ using communication::objects::AnalogCalibrationObject;
 using communication::objects::AnalogFilterData;
 using communication::objects::AnalogFilterObject;
 using communication::objects::AnalogInputObject;
-using objectstest::hex;
-using objectstest::le;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::le;
+using testsupport::LinkHarness;
 using Status = halyard::protocol::message::Status;
 
 class AnalogInputObjectTest : public QObject {
@@ -24,17 +24,17 @@ class AnalogInputObjectTest : public QObject {
 
 private slots:
     void subscribe_coversAttributesZeroToSeven() {
-        ProxyHarness h;
+        LinkHarness h;
         AnalogInputObject input(h.protocol());
         QVERIFY(input.Subscribe(7, 250, false));
-        QCOMPARE(h.lastSent(), hex("00 00 04 01 07 06 0300 FA00 00"));
+        QCOMPARE(h.lastBytes(), hex("00 00 04 01 07 06 0300 FA00 00"));
         QVERIFY(!input.Subscribe(8, 250, false));
         QVERIFY(!input.Unsubscribe(8));
         QCOMPARE(h.sentCount(), 1);
     }
 
     void answers_areOnlyAckResult_whateverTheOperation() {
-        ProxyHarness h;
+        LinkHarness h;
         AnalogInputObject input(h.protocol());
         h.add(input);
         QSignalSpy ack(&input, &AnalogInputObject::ackResult);
@@ -57,7 +57,7 @@ private slots:
     }
 
     void updates_raiseTheirAttributesSignal() {
-        ProxyHarness h;
+        LinkHarness h;
         AnalogInputObject input(h.protocol());
         h.add(input);
         QList<QSignalSpy*> spies{new QSignalSpy(&input, &AnalogInputObject::updateInputCurrent),
@@ -70,7 +70,7 @@ private slots:
                                  new QSignalSpy(&input, &AnalogInputObject::updateAdcBusVoltage)};
         for (int attribute = 0; attribute < 8; ++attribute) {
             h.pumpRequest(4, 1, uint8_t(attribute), 8, le<float>(float(attribute) + 0.5F));
-            QCOMPARE(h.lastSent(), hex("40 01 00"));
+            QCOMPARE(h.lastBytes(), hex("40 01 00"));
         }
         for (int attribute = 0; attribute < 8; ++attribute) {
             QCOMPARE(spies[attribute]->size(), 1);
@@ -81,18 +81,18 @@ private slots:
 
     void badUpdates_areRefused() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         AnalogInputObject input(h.protocol());
         h.add(input);
         QSignalSpy temperature(&input, &AnalogInputObject::updateTemperature);
 
         h.pumpRequest(4, 1, 8, 8, le<float>(1.0F));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(4, 1, 4, 8, hex("0000"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QVERIFY(log.contains(QStringLiteral("UpdateHandler - Protocol message data read failure")));
         h.pumpRequest(4, 1, 4, 0, le<float>(1.0F));
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
         QCOMPARE(temperature.size(), 0);
     }
 };
@@ -103,10 +103,10 @@ class AnalogCalibrationObjectTest : public QObject {
 private slots:
     void setCalibration_logsAndSendsSlopeThenOffset() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         AnalogCalibrationObject calibration(h.protocol());
         QVERIFY(calibration.SetCalibration(2, 1.5F, -0.25F));
-        QCOMPARE(h.lastSent(), hex("00 00 04 03 02 02 0800 0000C03F 000080BE"));
+        QCOMPARE(h.lastBytes(), hex("00 00 04 03 02 02 0800 0000C03F 000080BE"));
         QVERIFY(log.contains(QStringLiteral("SetCalibration attr:2 slope:1.5 offset:-0.25")));
 
         QVERIFY(!calibration.SetCalibration(3, 1.0F, 0.0F));
@@ -114,13 +114,13 @@ private slots:
         QCOMPARE(h.sentCount(), 1);
 
         QVERIFY(calibration.GetCalibration(7)); // not checked: the pump answers
-        QCOMPARE(h.lastSent(), hex("01 00 04 03 07 00"));
+        QCOMPARE(h.lastBytes(), hex("01 00 04 03 07 00"));
         QVERIFY(log.contains(QStringLiteral("GetCalibration attr:7")));
     }
 
     void answers_becomeSignals() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         AnalogCalibrationObject calibration(h.protocol());
         h.add(calibration);
         QSignalSpy got(&calibration, &AnalogCalibrationObject::ackGetCalibration);
@@ -153,7 +153,7 @@ private slots:
     }
 
     void timeoutsAndPumpRequests() {
-        ProxyHarness h;
+        LinkHarness h;
         AnalogCalibrationObject calibration(h.protocol());
         h.add(calibration);
         QSignalSpy getTimeout(&calibration, &AnalogCalibrationObject::getTimeout);
@@ -177,7 +177,7 @@ class AnalogFilterObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         AnalogFilterObject filter(h.protocol());
         filter.GetNumSamplesCurrent();
         filter.GetNumSamplesCurrentLimits();
@@ -188,16 +188,17 @@ private slots:
         QVERIFY(filter.Subscribe(5, 100, true));
         QVERIFY(!filter.Subscribe(4, 100, true));
         QVERIFY(!filter.Unsubscribe(7));
-        QCOMPARE(h.sent(), (QList<QByteArray>{hex("00 00 04 04 01 00"), hex("01 00 04 04 02 00"),
-                                              hex("02 00 04 04 03 00"), hex("03 00 04 04 04 00"),
-                                              hex("04 00 04 04 01 02 0400 10000000"),
-                                              hex("05 00 04 04 03 02 0400 2C010000"),
-                                              hex("06 00 04 04 05 06 0300 6400 01")}));
+        QCOMPARE(h.sentBytes(),
+                 (QList<QByteArray>{hex("00 00 04 04 01 00"), hex("01 00 04 04 02 00"),
+                                    hex("02 00 04 04 03 00"), hex("03 00 04 04 04 00"),
+                                    hex("04 00 04 04 01 02 0400 10000000"),
+                                    hex("05 00 04 04 03 02 0400 2C010000"),
+                                    hex("06 00 04 04 05 06 0300 6400 01")}));
     }
 
     void answers_becomeSignals_andSubscriptionAnswersAreSwallowed() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         AnalogFilterObject filter(h.protocol());
         h.add(filter);
         QSignalSpy count(&filter, &AnalogFilterObject::ackGetNumSamples);
@@ -238,7 +239,7 @@ private slots:
 
     void updates_areNeverAnswered() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         AnalogFilterObject filter(h.protocol());
         h.add(filter);
         QSignalSpy data(&filter, &AnalogFilterObject::updateFilterData);
@@ -266,7 +267,7 @@ private slots:
     }
 
     void timeouts_followTheOperation() {
-        ProxyHarness h;
+        LinkHarness h;
         AnalogFilterObject filter(h.protocol());
         h.add(filter);
         QSignalSpy getTimeout(&filter, &AnalogFilterObject::getTimeout);

@@ -1,6 +1,6 @@
 // The device, OEM device, protocol test and bandwidth proxies, and the detail texts.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/DeviceObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/EnumerationTexts.h"
@@ -16,9 +16,9 @@
 
 using namespace communication::objects;
 using halyard::pump::ControlInput;
-using objectstest::hex;
-using objectstest::le;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::le;
+using testsupport::LinkHarness;
 using Status = halyard::protocol::message::Status;
 
 class DeviceObjectTest : public QObject {
@@ -27,14 +27,14 @@ class DeviceObjectTest : public QObject {
 private slots:
     void detailsAndReset() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         DeviceObject device(h.protocol());
         h.add(device);
         QSignalSpy details(&device, &DeviceObject::receivedDeviceDetails);
         QSignalSpy reset(&device, &DeviceObject::receivedResetAck);
 
         device.RequestGetAll();
-        QCOMPARE(h.lastSent(), hex("00 00 01 01 00 01"));
+        QCOMPARE(h.lastBytes(), hex("00 00 01 01 00 01"));
         h.ack(hex("09 01 10 02"));
         const auto got = details.takeFirst().at(0).value<DeviceDetails>();
         QCOMPARE(got.deviceType, 9);
@@ -47,7 +47,7 @@ private slots:
             log.contains(QStringLiteral("HandleResponseAll - Protocol message data read failure")));
 
         device.RequestReset();
-        QCOMPARE(h.lastSent(), hex("00 00 01 01 00 05"));
+        QCOMPARE(h.lastBytes(), hex("00 00 01 01 00 05"));
         h.ack();
         QCOMPARE(reset.size(), 1);
         device.RequestReset();
@@ -56,7 +56,7 @@ private slots:
     }
 
     void timeouts() {
-        ProxyHarness h;
+        LinkHarness h;
         DeviceObject device(h.protocol());
         h.add(device);
         QSignalSpy getTimeout(&device, &DeviceObject::getTimedOut);
@@ -74,7 +74,7 @@ class OemDeviceObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         OemDeviceObject oem(h.protocol());
         oem.RequestGetAll();
         oem.RequestGetPumpHead();
@@ -84,7 +84,7 @@ private slots:
         oem.RequestSetPumpHead(QStringLiteral("BW-S25"));
         oem.RequestSetPlecPortCliEnable(1);
         oem.RequestResetFram();
-        QCOMPARE(h.sent(),
+        QCOMPARE(h.sentBytes(),
                  (QList<QByteArray>{hex("00 00 01 02 00 01"), hex("01 00 01 02 03 00"),
                                     hex("02 00 01 02 04 00"), hex("03 00 01 02 09 00"),
                                     hex("04 00 01 02 0A 00"),
@@ -94,7 +94,7 @@ private slots:
 
     void pumpDetails_needBothTextsTerminated() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         OemDeviceObject oem(h.protocol());
         h.add(oem);
         QSignalSpy details(&oem, &OemDeviceObject::receivedPumpDetails);
@@ -119,7 +119,7 @@ private slots:
 
     void pumpHeadList_isAllOrNothing() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         OemDeviceObject oem(h.protocol());
         h.add(oem);
         QSignalSpy heads(&oem, &OemDeviceObject::receivedPumpHeads);
@@ -142,7 +142,7 @@ private slots:
     }
 
     void singleValuesAndDescription() {
-        ProxyHarness h;
+        LinkHarness h;
         OemDeviceObject oem(h.protocol());
         h.add(oem);
         QSignalSpy head(&oem, &OemDeviceObject::receivedPumpHead);
@@ -166,7 +166,7 @@ private slots:
     }
 
     void setAndResetAnswers_reportSuccessAndStatus() {
-        ProxyHarness h;
+        LinkHarness h;
         OemDeviceObject oem(h.protocol());
         h.add(oem);
         QSignalSpy set(&oem, &OemDeviceObject::receivedSetAck);
@@ -197,11 +197,11 @@ private slots:
     }
 
     void pumpRequests_areAnsweredInvalidMessageData() {
-        ProxyHarness h;
+        LinkHarness h;
         OemDeviceObject oem(h.protocol());
         h.add(oem);
         h.pumpRequest(1, 2, 3, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
     }
 };
 
@@ -247,16 +247,16 @@ class ProtocolPlaceholdersTest : public QObject {
 
 private slots:
     void testAndBandwidthRequests_areAcknowledged() {
-        ProxyHarness h;
+        LinkHarness h;
         ProtocolTestObject test(h.protocol());
         ProtocolBandwidthObject bandwidth(h.protocol());
         h.add(test);
         h.add(bandwidth);
 
         QCOMPARE(h.pumpRequest(0, 1, 0, 0, hex("0102")), Status::Success);
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         QCOMPARE(h.pumpRequest(0, 2, 0, 2, QByteArray(1000, 'x')), Status::Success);
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         QCOMPARE(test.TestRequestCount(), 1u);
         QCOMPARE(bandwidth.ReceivedMessages(), 1u);
         QCOMPARE(bandwidth.ReceivedPayloadBytes(), 1000u);

@@ -1,6 +1,6 @@
 // The firmware-update proxy: the wire form of docs/firmware-update-object.md and its retries.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareImageCrc32.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareUpdateObject.h"
@@ -12,8 +12,8 @@
 using communication::objects::FirmwareImageCrc32;
 using communication::objects::FirmwareUpdateObject;
 using halyard::firmwareUpdate::FirmwareUpdateStatus;
-using objectstest::hex;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::LinkHarness;
 using Status = halyard::protocol::message::Status;
 
 class FirmwareUpdateObjectTest : public QObject {
@@ -21,24 +21,25 @@ class FirmwareUpdateObjectTest : public QObject {
 
 private slots:
     void controlRequests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         QVERIFY(update.RequestStart(1, 4096, 0xCBF43926));
         QVERIFY(update.RequestVerify(1));
         QVERIFY(update.RequestStop(2));
-        QCOMPARE(h.sent(), (QList<QByteArray>{hex("00 00 01 03 00 0B 0900 01 00100000 2639F4CB"),
-                                              hex("01 00 01 03 00 0A 0100 01"),
-                                              hex("02 00 01 03 00 0C 0100 02")}));
+        QCOMPARE(h.sentBytes(),
+                 (QList<QByteArray>{hex("00 00 01 03 00 0B 0900 01 00100000 2639F4CB"),
+                                    hex("01 00 01 03 00 0A 0100 01"),
+                                    hex("02 00 01 03 00 0C 0100 02")}));
         QCOMPARE(FirmwareImageCrc32(QByteArrayView("123456789")), 0xCBF43926u);
     }
 
     void dataRequest_isAcknowledgedBeforeItIsRaised() {
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         h.add(update);
         QByteArray repliesWhenRaised;
         QObject::connect(&update, &FirmwareUpdateObject::dataRequest,
-                         [&] { repliesWhenRaised = h.lastSent(); });
+                         [&] { repliesWhenRaised = h.lastBytes(); });
         QSignalSpy request(&update, &FirmwareUpdateObject::dataRequest);
 
         h.pumpRequest(1, 3, 1, 0, hex("01 00040000 0004"));
@@ -50,36 +51,36 @@ private slots:
 
     void badPumpRequests_areRefused() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         h.add(update);
         QSignalSpy request(&update, &FirmwareUpdateObject::dataRequest);
 
         h.pumpRequest(1, 3, 1, 0, hex("01 00040000 00"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         h.pumpRequest(1, 3, 1, 0, hex("01 00040000 FC04")); // 1276 bytes: more than a payload
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QCOMPARE(log.count(QStringLiteral(
                      "HandleIncomingDataRequest - Protocol message data read failure")),
                  2);
         h.pumpRequest(1, 3, 3, 8, hex("03 01"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         h.pumpRequest(1, 3, 1, 8, hex("01 00040000 0004"));
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
         h.pumpRequest(1, 3, 2, 2, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         QCOMPARE(request.size(), 0);
     }
 
     void statusUpdate_isLoggedAnsweredAndRaised() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         h.add(update);
         QSignalSpy status(&update, &FirmwareUpdateObject::statusUpdate);
 
         h.pumpRequest(1, 3, 3, 8, hex("04 01 00080000 00100000"));
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         const auto got = status.takeFirst().at(0).value<FirmwareUpdateStatus>();
         QCOMPARE(got.stage, 4);
         QCOMPARE(got.Percent(), 50u);
@@ -89,11 +90,11 @@ private slots:
 
     void firmwareData_fillsAPayloadAtMost() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         const QByteArray piece(int(FirmwareUpdateObject::kMaxDataLength), '\x5A');
         QVERIFY(update.SendFirmwareData(2, 0x10000, piece));
-        QCOMPARE(h.lastSent(), hex("00 00 01 03 02 02 0005 02 00000100") + piece);
+        QCOMPARE(h.lastBytes(), hex("00 00 01 03 02 02 0005 02 00000100") + piece);
         QVERIFY(!update.SendFirmwareData(2, 0, piece + 'x'));
         QVERIFY(
             log.contains(QStringLiteral("SendFirmwareData - Protocol message data write failure")));
@@ -102,7 +103,7 @@ private slots:
 
     void unansweredRequest_isSentFourTimesThenFails() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         h.add(update);
         QSignalSpy failed(&update, &FirmwareUpdateObject::requestFailed);
@@ -113,7 +114,7 @@ private slots:
             QCOMPARE(h.sentCount(), timeout + 1);
             QVERIFY(log.contains(QStringLiteral("HandleRequestTimeout: Retry #%1").arg(timeout)));
         }
-        QCOMPARE(h.sent().at(3).mid(1), h.sent().at(0).mid(1)); // same request, own id
+        QCOMPARE(h.sentBytes().at(3).mid(1), h.sentBytes().at(0).mid(1)); // same request, own id
         QCOMPARE(failed.size(), 0);
         h.timeOut();
         QCOMPARE(h.sentCount(), 4);
@@ -125,7 +126,7 @@ private slots:
     }
 
     void requestsLostWithAClearedLink_doNotBlockNewOnes() {
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         h.add(update);
         for (uint32_t piece = 0; piece < 4; ++piece) {
@@ -141,7 +142,7 @@ private slots:
     }
 
     void answeredRequests_areNotRepeated() {
-        ProxyHarness h;
+        LinkHarness h;
         FirmwareUpdateObject update(h.protocol());
         h.add(update);
         QSignalSpy accepted(&update, &FirmwareUpdateObject::requestAccepted);

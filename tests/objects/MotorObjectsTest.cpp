@@ -1,6 +1,6 @@
 // The motor and stepper-motor proxies.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/MotorObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/MotorStepperObject.h"
@@ -13,9 +13,9 @@ using communication::objects::CelerationLimits;
 using communication::objects::MotorObject;
 using communication::objects::MotorStepperObject;
 using halyard::encoder::EncoderData;
-using objectstest::hex;
-using objectstest::le;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::le;
+using testsupport::LinkHarness;
 using Status = halyard::protocol::message::Status;
 
 class MotorObjectTest : public QObject {
@@ -23,7 +23,7 @@ class MotorObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         MotorObject motor(h.protocol());
         motor.GetEncoderData();
         motor.GetAcceleration();
@@ -31,27 +31,28 @@ private slots:
         motor.GetCelerationLimits();
         motor.SetAcceleration(100.0F);
         motor.SetDeceleration(-2.0F);
-        QCOMPARE(h.sent(), (QList<QByteArray>{hex("00 00 03 01 04 00"), hex("01 00 03 01 05 00"),
-                                              hex("02 00 03 01 06 00"), hex("03 00 03 01 07 00"),
-                                              hex("04 00 03 01 05 02 0400 0000C842"),
-                                              hex("05 00 03 01 06 02 0400 000000C0")}));
+        QCOMPARE(h.sentBytes(),
+                 (QList<QByteArray>{hex("00 00 03 01 04 00"), hex("01 00 03 01 05 00"),
+                                    hex("02 00 03 01 06 00"), hex("03 00 03 01 07 00"),
+                                    hex("04 00 03 01 05 02 0400 0000C842"),
+                                    hex("05 00 03 01 06 02 0400 000000C0")}));
     }
 
     void subscribe_acceptsSpeedAlignedAndEnergisedOnly() {
-        ProxyHarness h;
+        LinkHarness h;
         MotorObject motor(h.protocol());
         QVERIFY(!motor.Subscribe(4, 100, false));
         QVERIFY(!motor.Unsubscribe(9));
         QVERIFY(motor.Subscribe(3, 100, false));
         QVERIFY(motor.Subscribe(8, 100, true));
         QVERIFY(motor.Unsubscribe(10));
-        QCOMPARE(h.sent().at(0), hex("00 00 03 01 03 06 0300 6400 00"));
+        QCOMPARE(h.sentBytes().at(0), hex("00 00 03 01 03 06 0300 6400 00"));
         QCOMPARE(h.sentCount(), 3);
     }
 
     void encoderData_mustBeExactlyTwelveBytes() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         MotorObject motor(h.protocol());
         h.add(motor);
         QSignalSpy encoder(&motor, &MotorObject::getEncoderDataResponse);
@@ -76,7 +77,7 @@ private slots:
     }
 
     void getAnswers_becomeSignals() {
-        ProxyHarness h;
+        LinkHarness h;
         MotorObject motor(h.protocol());
         h.add(motor);
         QSignalSpy acceleration(&motor, &MotorObject::getAccelerationResponse);
@@ -101,7 +102,7 @@ private slots:
     }
 
     void refusedSet_isAcknowledgedLikeAnAcceptedOne() {
-        ProxyHarness h;
+        LinkHarness h;
         MotorObject motor(h.protocol());
         h.add(motor);
         QSignalSpy setAck(&motor, &MotorObject::ackSetResult);
@@ -123,7 +124,7 @@ private slots:
 
     void updates_areRaisedAndAnswered_andOthersRefused() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         MotorObject motor(h.protocol());
         h.add(motor);
         QSignalSpy speed(&motor, &MotorObject::updateActualSpeed);
@@ -132,7 +133,7 @@ private slots:
         QSignalSpy timeout(&motor, &MotorObject::subscribeTimeout);
 
         h.pumpRequest(3, 1, 3, 8, le<int32_t>(-300));
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         QCOMPARE(speed.takeFirst().at(0).value<int32_t>(), -300);
         h.pumpRequest(3, 1, 8, 8, hex("01"));
         h.pumpRequest(3, 1, 10, 8, hex("00"));
@@ -140,12 +141,12 @@ private slots:
         QCOMPARE(energised.takeFirst().at(0).toBool(), false);
 
         h.pumpRequest(3, 1, 3, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QVERIFY(log.contains(QStringLiteral("ActualSpeedUpdateHandler")));
         h.pumpRequest(3, 1, 4, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(3, 1, 3, 0);
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
 
         motor.Subscribe(10, 100, true);
         h.timeOut();
@@ -158,18 +159,19 @@ class MotorStepperObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         MotorStepperObject stepper(h.protocol());
         stepper.GetTorqueIndex();
         stepper.GetTorqueTargets();
         stepper.SetTorqueIndex(3);
-        QCOMPARE(h.sent(), (QList<QByteArray>{hex("00 00 03 02 05 00"), hex("01 00 03 02 06 00"),
-                                              hex("02 00 03 02 05 02 0100 03")}));
+        QCOMPARE(h.sentBytes(),
+                 (QList<QByteArray>{hex("00 00 03 02 05 00"), hex("01 00 03 02 06 00"),
+                                    hex("02 00 03 02 05 02 0100 03")}));
     }
 
     void torqueTargets_takeEveryWholeFloat() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         MotorStepperObject stepper(h.protocol());
         h.add(stepper);
         QSignalSpy targets(&stepper, &MotorStepperObject::getTorqueTargetsResponse);
@@ -185,7 +187,7 @@ private slots:
     }
 
     void answers_refusalsAndTimeouts() {
-        ProxyHarness h;
+        LinkHarness h;
         MotorStepperObject stepper(h.protocol());
         h.add(stepper);
         QSignalSpy index(&stepper, &MotorStepperObject::getTorqueIndexResponse);

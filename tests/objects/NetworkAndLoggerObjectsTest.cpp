@@ -1,6 +1,6 @@
 // The network and logger proxies.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/LoggerObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/NetworkObject.h"
@@ -13,8 +13,8 @@ using communication::objects::LoggerObject;
 using communication::objects::NetworkObject;
 using halyard::protocol::IpConfig;
 using halyard::protocol::MacAddress;
-using objectstest::hex;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::LinkHarness;
 using Status = halyard::protocol::message::Status;
 
 namespace {
@@ -30,7 +30,7 @@ class NetworkObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes_withBigEndianAddresses() {
-        ProxyHarness h;
+        LinkHarness h;
         NetworkObject network(h.protocol());
         network.GetAnybusModuleType();
         network.GetAnybusVersion();
@@ -40,7 +40,7 @@ private slots:
         network.ResetIpConfig();
         network.ResetFileSystem();
         QVERIFY(network.Subscribe(9, 1000, true)); // not checked here: the pump judges it
-        QCOMPARE(h.sent(),
+        QCOMPARE(h.sentBytes(),
                  (QList<QByteArray>{hex("00 00 06 01 01 00"), hex("01 00 06 01 02 00"),
                                     hex("02 00 06 01 03 00"), hex("03 00 06 01 04 00"),
                                     hex("04 00 06 01 04 02 0E00") + kIpConfigBytes + hex("5A"),
@@ -50,7 +50,7 @@ private slots:
 
     void getAnswers_becomeSignals() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         NetworkObject network(h.protocol());
         h.add(network);
         QSignalSpy module(&network, &NetworkObject::getAnybusModuleResult);
@@ -84,7 +84,7 @@ private slots:
     }
 
     void timeout_isAlsoARefusal() {
-        ProxyHarness h;
+        LinkHarness h;
         NetworkObject network(h.protocol());
         h.add(network);
         QSignalSpy subTimeout(&network, &NetworkObject::subscribeTimeout);
@@ -107,7 +107,7 @@ private slots:
     }
 
     void setResetAndSubscribeAnswers() {
-        ProxyHarness h;
+        LinkHarness h;
         NetworkObject network(h.protocol());
         h.add(network);
         QSignalSpy set(&network, &NetworkObject::ackSet);
@@ -126,26 +126,26 @@ private slots:
 
     void updates_ipConfigAndLinkStatus() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         NetworkObject network(h.protocol());
         h.add(network);
         QSignalSpy ip(&network, &NetworkObject::updateIpConfig);
         QSignalSpy link(&network, &NetworkObject::updateLinkStatus);
 
         h.pumpRequest(6, 1, 4, 8, kIpConfigBytes);
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         QCOMPARE(ip.takeFirst().at(0).value<IpConfig>(), kIpConfig);
         h.pumpRequest(6, 1, 5, 8, hex("0B"));
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         QCOMPARE(link.takeFirst(), (QList<QVariant>{true, true, false, true}));
 
         h.pumpRequest(6, 1, 5, 8);
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QVERIFY(log.contains(QStringLiteral("UpdateLinkStatusHandler")));
         h.pumpRequest(6, 1, 3, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(6, 1, 4, 2, kIpConfigBytes);
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
     }
 };
 
@@ -154,18 +154,19 @@ class LoggerObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         LoggerObject logger(h.protocol());
         logger.ClearLog();
         logger.GetFirstLogEntry();
         logger.GetNextLogEntry();
-        QCOMPARE(h.sent(), (QList<QByteArray>{hex("00 00 07 01 00 05"), hex("01 00 07 01 01 00"),
-                                              hex("02 00 07 01 02 00")}));
+        QCOMPARE(h.sentBytes(),
+                 (QList<QByteArray>{hex("00 00 07 01 00 05"), hex("01 00 07 01 01 00"),
+                                    hex("02 00 07 01 02 00")}));
     }
 
     void entries_upTo139Characters_areRead() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         LoggerObject logger(h.protocol());
         h.add(logger);
         QSignalSpy first(&logger, &LoggerObject::getFirstLogEntryResponse);
@@ -185,7 +186,7 @@ private slots:
     }
 
     void getTimeout_alsoReportsAClearTimeout_andRefusedClearIsAcknowledged() {
-        ProxyHarness h;
+        LinkHarness h;
         LoggerObject logger(h.protocol());
         h.add(logger);
         QSignalSpy getTimeout(&logger, &LoggerObject::getTimeout);

@@ -1,6 +1,6 @@
 // The pump and prime proxies: request bytes, answers, refusals, time-outs and the pump's updates.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/PrimeObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/PumpObject.h"
@@ -12,9 +12,9 @@
 using communication::MotorFaultType;
 using communication::objects::PrimeObject;
 using communication::objects::PumpObject;
-using objectstest::hex;
-using objectstest::le;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::le;
+using testsupport::LinkHarness;
 using Status = halyard::protocol::message::Status;
 
 class PrimeObjectTest : public QObject {
@@ -22,22 +22,22 @@ class PrimeObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         PrimeObject prime(h.protocol());
         h.add(prime);
 
         QVERIFY(prime.GetPrimeInputState());
-        QCOMPARE(h.lastSent(), hex("00 00 02 02 01 00"));
+        QCOMPARE(h.lastBytes(), hex("00 00 02 02 01 00"));
         QVERIFY(prime.SetPrimeSpeed(1000));
-        QCOMPARE(h.lastSent(), hex("01 00 02 02 03 02 0400 E8030000"));
+        QCOMPARE(h.lastBytes(), hex("01 00 02 02 03 02 0400 E8030000"));
         QVERIFY(prime.Subscribe(3, 500, true));
-        QCOMPARE(h.lastSent(), hex("02 00 02 02 03 06 0300 F401 01"));
+        QCOMPARE(h.lastBytes(), hex("02 00 02 02 03 06 0300 F401 01"));
         QVERIFY(prime.Unsubscribe(1));
-        QCOMPARE(h.lastSent(), hex("03 00 02 02 01 07"));
+        QCOMPARE(h.lastBytes(), hex("03 00 02 02 01 07"));
     }
 
     void subscribe_acceptsAttributesBelowFourOnly() {
-        ProxyHarness h;
+        LinkHarness h;
         PrimeObject prime(h.protocol());
         QVERIFY(prime.Subscribe(2, 1000, false)); // nothing published there, accepted all the same
         QVERIFY(!prime.Subscribe(4, 1000, false));
@@ -46,7 +46,7 @@ private slots:
     }
 
     void answers_becomeSignals_andRefusedSetsStaySilent() {
-        ProxyHarness h;
+        LinkHarness h;
         PrimeObject prime(h.protocol());
         h.add(prime);
         QSignalSpy speed(&prime, &PrimeObject::getPrimeSpeedResponse);
@@ -86,7 +86,7 @@ private slots:
 
     void shortAnswer_isLoggedAndEmitsNothing() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         PrimeObject prime(h.protocol());
         h.add(prime);
         QSignalSpy speed(&prime, &PrimeObject::getPrimeSpeedResponse);
@@ -100,7 +100,7 @@ private slots:
     }
 
     void timeouts_followTheOperation() {
-        ProxyHarness h;
+        LinkHarness h;
         PrimeObject prime(h.protocol());
         h.add(prime);
         QSignalSpy getTimeout(&prime, &PrimeObject::getTimeout);
@@ -122,25 +122,25 @@ private slots:
 
     void updates_areAnsweredAndRaised() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         PrimeObject prime(h.protocol());
         h.add(prime);
         QSignalSpy speed(&prime, &PrimeObject::updatePrimeSpeed);
         QSignalSpy state(&prime, &PrimeObject::updatePrimeInputState);
 
         QCOMPARE(h.pumpRequest(2, 2, 3, 8, le<uint32_t>(1234)), Status::Success);
-        QCOMPARE(h.lastSent(), hex("40 01 00"));
+        QCOMPARE(h.lastBytes(), hex("40 01 00"));
         QCOMPARE(speed.takeFirst().at(0).value<uint32_t>(), 1234u);
         h.pumpRequest(2, 2, 1, 8, hex("00"));
         QCOMPARE(state.takeFirst().at(0).value<uint8_t>(), 0);
 
         h.pumpRequest(2, 2, 2, 8, hex("00"));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(2, 2, 3, 8, hex("0102"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QVERIFY(log.contains(QStringLiteral("UpdateHandler - Protocol message data read failure")));
         h.pumpRequest(2, 2, 3, 0);
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
         QCOMPARE(speed.size(), 0);
     }
 };
@@ -150,35 +150,35 @@ class PumpObjectTest : public QObject {
 
 private slots:
     void requests_haveTheirExactBytes() {
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         h.add(pump);
 
         pump.RequestAckFaults();
-        QCOMPARE(h.lastSent(), hex("00 00 02 01 00 09"));
+        QCOMPARE(h.lastBytes(), hex("00 00 02 01 00 09"));
         pump.RequestSetMotorFault(5);
-        QCOMPARE(h.lastSent(), hex("01 00 02 01 01 02 0100 05"));
+        QCOMPARE(h.lastBytes(), hex("01 00 02 01 01 02 0100 05"));
         pump.RequestSetControlInput(3);
-        QCOMPARE(h.lastSent(), hex("02 00 02 01 02 02 0100 03"));
+        QCOMPARE(h.lastBytes(), hex("02 00 02 01 02 02 0100 03"));
         pump.RequestSetApplicationSpeed(uint32_t(-1500));
-        QCOMPARE(h.lastSent(), hex("03 00 02 01 03 02 0400 24FAFFFF"));
+        QCOMPARE(h.lastBytes(), hex("03 00 02 01 03 02 0400 24FAFFFF"));
         pump.RequestSetApplicationSpeedEnable(1);
-        QCOMPARE(h.lastSent(), hex("04 00 02 01 04 02 0100 01"));
+        QCOMPARE(h.lastBytes(), hex("04 00 02 01 04 02 0100 01"));
         pump.RequestSetApplicationOverrideActive(0);
-        QCOMPARE(h.lastSent(), hex("05 00 02 01 05 02 0100 00"));
+        QCOMPARE(h.lastBytes(), hex("05 00 02 01 05 02 0100 00"));
         pump.RequestGetControlInput();
         pump.RequestGetApplicationSpeed();
         pump.RequestGetApplicationSpeedEnable();
         pump.RequestGetApplicationOverrideActive();
         pump.RequestGetMaxApplicationSpeed();
-        const QList<QByteArray> gets = h.sent().mid(6);
+        const QList<QByteArray> gets = h.sentBytes().mid(6);
         QCOMPARE(gets, (QList<QByteArray>{hex("06 00 02 01 02 00"), hex("07 00 02 01 03 00"),
                                           hex("08 00 02 01 04 00"), hex("09 00 02 01 05 00"),
                                           hex("0A 00 02 01 06 00")}));
     }
 
     void subscribe_acceptsOnlyPublishedAttributes() {
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         for (const int attribute : {0, 2, 4, 10}) {
             QVERIFY(!pump.Subscribe(uint8_t(attribute), 1000, true));
@@ -193,7 +193,7 @@ private slots:
 
     void getAnswers_becomeSignals_andBadControlInputIsRejected() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         h.add(pump);
         QSignalSpy control(&pump, &PumpObject::getControlInputResponse);
@@ -232,7 +232,7 @@ private slots:
 
     void setAnswers_refusedLikeAccepted_andFaultTypeCarriedBack() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         h.add(pump);
         QSignalSpy setAck(&pump, &PumpObject::ackSetResult);
@@ -265,7 +265,7 @@ private slots:
     }
 
     void timeouts_followTheOperation() {
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         h.add(pump);
         QSignalSpy getTimeout(&pump, &PumpObject::getTimeout);
@@ -281,7 +281,7 @@ private slots:
     }
 
     void updates_areRaisedAndAnswered() {
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         h.add(pump);
         QSignalSpy faults(&pump, &PumpObject::updateFaults);
@@ -299,7 +299,7 @@ private slots:
         h.pumpRequest(2, 1, 7, 8, hex("01"));
         h.pumpRequest(2, 1, 8, 8, hex("01"));
         h.pumpRequest(2, 1, 9, 8, le<float>(12.5F));
-        for (const QByteArray& reply : h.sent()) {
+        for (const QByteArray& reply : h.sentBytes()) {
             QCOMPARE(reply, hex("40 01 00"));
         }
         QCOMPARE(h.sentCount(), 7);
@@ -315,26 +315,26 @@ private slots:
 
     void badUpdates_areRefused_someWithALogLine() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         PumpObject pump(h.protocol());
         h.add(pump);
         QSignalSpy cover(&pump, &PumpObject::updateCoverStatus);
 
         h.pumpRequest(2, 1, 7, 8); // empty cover status: logged
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QCOMPARE(log.count(QStringLiteral("UpdateHandler - Protocol message data read failure")),
                  1);
         h.pumpRequest(2, 1, 3, 8); // empty application speed: answered without a log line
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QCOMPARE(log.count(QStringLiteral("Protocol message data read failure")), 1);
         QCOMPARE(cover.size(), 0);
 
         h.pumpRequest(2, 1, 2, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(2, 1, 10, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(2, 1, 7, 2, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
     }
 };
 

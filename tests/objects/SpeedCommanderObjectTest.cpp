@@ -1,6 +1,6 @@
 // The speed commander proxy.
-#include "ProxyHarness.h"
 #include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/SpeedCommanderObject.h"
 #include "tests/support/LogCapture.h"
@@ -10,9 +10,9 @@
 
 using communication::objects::QSpeedRangeProfile;
 using communication::objects::SpeedCommanderObject;
-using objectstest::hex;
-using objectstest::le;
-using objectstest::ProxyHarness;
+using testsupport::hex;
+using testsupport::le;
+using testsupport::LinkHarness;
 
 namespace {
 
@@ -26,28 +26,28 @@ class SpeedCommanderObjectTest : public QObject {
 
 private slots:
     void getsAndSetDefaults_carryThePreviousPayload() {
-        ProxyHarness h;
+        LinkHarness h;
         SpeedCommanderObject commander(h.protocol());
         QVERIFY(commander.SetEnableLineSpeed(500));
-        QCOMPARE(h.lastSent(), hex("00 00 05 01 09 02 0400 F4010000"));
+        QCOMPARE(h.lastBytes(), hex("00 00 05 01 09 02 0400 F4010000"));
         QVERIFY(commander.Get(1));
-        QCOMPARE(h.lastSent(), hex("01 00 05 01 01 00 0400 F4010000"));
+        QCOMPARE(h.lastBytes(), hex("01 00 05 01 01 00 0400 F4010000"));
         QVERIFY(commander.SetDefault(12));
-        QCOMPARE(h.lastSent(), hex("02 00 05 01 0C 04 0400 F4010000"));
+        QCOMPARE(h.lastBytes(), hex("02 00 05 01 0C 04 0400 F4010000"));
     }
 
     void setters_acceptTheirAttributesOnly() {
-        ProxyHarness h;
+        LinkHarness h;
         SpeedCommanderObject commander(h.protocol());
         QVERIFY(!commander.SetDefault(2));
         QVERIFY(!commander.WriteProfileToRequest(9, kProfile));
         QCOMPARE(h.sentCount(), 0);
         QVERIFY(commander.WriteProfileToRequest(5, kProfile));
-        QCOMPARE(h.lastSent(), hex("00 00 05 01 05 02 1400") + kProfileBytes);
+        QCOMPARE(h.lastBytes(), hex("00 00 05 01 05 02 1400") + kProfileBytes);
         QVERIFY(commander.SetHysteresis(6, 7));
-        QCOMPARE(h.lastSent(), hex("01 00 05 01 06 02 0400 07000000"));
+        QCOMPARE(h.lastBytes(), hex("01 00 05 01 06 02 0400 07000000"));
         QVERIFY(commander.Subscribe(15, 1000, true));
-        QCOMPARE(h.lastSent(), hex("02 00 05 01 0F 06 0300 E803 01"));
+        QCOMPARE(h.lastBytes(), hex("02 00 05 01 0F 06 0300 E803 01"));
         QVERIFY(!commander.Subscribe(16, 1000, true));
         QVERIFY(!commander.Unsubscribe(16));
         QCOMPARE(h.sentCount(), 3);
@@ -55,7 +55,7 @@ private slots:
 
     void profiles_andEnableLineAnswers_becomeSignals() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         SpeedCommanderObject commander(h.protocol());
         h.add(commander);
         QSignalSpy current(&commander, &SpeedCommanderObject::getCurrentSpeedRangeResponse);
@@ -91,7 +91,7 @@ private slots:
     }
 
     void refusedAndAcceptedSets_giveTheSameAcknowledgement() {
-        ProxyHarness h;
+        LinkHarness h;
         SpeedCommanderObject commander(h.protocol());
         h.add(commander);
         QSignalSpy setAck(&commander, &SpeedCommanderObject::setAck);
@@ -117,7 +117,7 @@ private slots:
 
     void updates_targetSpeedsAndEnableLine() {
         testsupport::LogCapture log;
-        ProxyHarness h;
+        LinkHarness h;
         SpeedCommanderObject commander(h.protocol());
         h.add(commander);
         QSignalSpy current(&commander, &SpeedCommanderObject::updateCurrentTargetSpeed);
@@ -129,21 +129,21 @@ private slots:
         h.pumpRequest(5, 1, 7, 8, le<uint32_t>(70));
         h.pumpRequest(5, 1, 14, 8, le<uint32_t>(140));
         h.pumpRequest(5, 1, 11, 8, hex("01"));
-        QCOMPARE(h.sent(), QList<QByteArray>(4, hex("40 01 00")));
+        QCOMPARE(h.sentBytes(), QList<QByteArray>(4, hex("40 01 00")));
         QCOMPARE(current.takeFirst().at(0).value<uint32_t>(), 30u);
         QCOMPARE(voltage.takeFirst().at(0).value<uint32_t>(), 70u);
         QCOMPARE(frequency.takeFirst().at(0).value<uint32_t>(), 140u);
         QCOMPARE(asserted.takeFirst().at(0).toBool(), true);
 
         h.pumpRequest(5, 1, 7, 8, hex("01"));
-        QCOMPARE(h.lastSent(), hex("40 03 08"));
+        QCOMPARE(h.lastBytes(), hex("40 03 08"));
         QVERIFY(log.contains(QStringLiteral("UpdateTargetSpeedHandler")));
         h.pumpRequest(5, 1, 11, 8);
         QVERIFY(log.contains(QStringLiteral("UpdateEnableLineAssertedHandler")));
         h.pumpRequest(5, 1, 1, 8, kProfileBytes);
-        QCOMPARE(h.lastSent(), hex("40 03 04"));
+        QCOMPARE(h.lastBytes(), hex("40 03 04"));
         h.pumpRequest(5, 1, 3, 0);
-        QCOMPARE(h.lastSent(), hex("40 03 05"));
+        QCOMPARE(h.lastBytes(), hex("40 03 05"));
     }
 };
 

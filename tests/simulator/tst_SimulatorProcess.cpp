@@ -2,8 +2,8 @@
 // unplugging, the console, and refused options.
 
 #include "AppSide.h"
-#include "SimulatorProcess.h"
 #include "SimulatorRig.h"
+#include "tests/support/SimulatorProcess.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 using namespace simtest;
+using testsupport::SimulatorProcess;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "LinkHarness.h"
+#include "ValuesLink.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/EnumerationTexts.h"
 #include "QtApps/Common/Model/PumpValues/AnalogInputs/PumpAdcValues.h"
@@ -18,7 +18,7 @@
 
 using namespace communication;
 using namespace communication::objects;
-using Operation = LinkHarness::Operation;
+using Operation = ValuesLink::Operation;
 
 namespace {
 std::vector<uint8_t> textBytes(const char* text) {
@@ -47,12 +47,12 @@ private slots:
 };
 
 void ParticularValuesTest::torqueIndex_rebootsOnlyAfterItsOwnAcknowledgement() {
-    LinkHarness link;
+    ValuesLink link;
     PumpTorqueIndex torque(link.container());
     QSignalSpy resets(&torque.pumpReset(), &PumpValueBase::setSuccess);
 
     torque.setTorqueIndexAndReboot(3);
-    link.expireRequests();
+    link.timeOut();
     QCOMPARE(link.countSent(3, 5, Operation::Set), 2u);
     QCOMPARE(link.countSent(1, 0, Operation::Reset), 0u);
 
@@ -69,23 +69,23 @@ void ParticularValuesTest::torqueIndex_rebootsOnlyAfterItsOwnAcknowledgement() {
 }
 
 void ParticularValuesTest::reset_timeoutsCountLikeASet() {
-    LinkHarness link;
+    ValuesLink link;
     PumpReset reset(link.container());
     QSignalSpy retries(&reset, &PumpValueBase::retrySetValue);
     QSignalSpy aborts(&reset, &PumpValueBase::setValueAborted);
 
     reset.reset();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(retries.count(), 2);
     QCOMPARE(aborts.count(), 0);
-    link.expireRequests();
+    link.timeOut();
     QCOMPARE(aborts.count(), 1);
     QCOMPARE(link.countSent(1, 0, Operation::Reset), 3u);
 }
 
 void ParticularValuesTest::ipConfig_setCarriesTheResetFlagAndResetReportsItsOutcome() {
-    LinkHarness link;
+    ValuesLink link;
     PumpNetworkIpConfig ip(link.container());
     QSignalSpy results(&ip, &PumpNetworkIpConfig::ipResetResult);
     QSignalSpy configs(&ip, &PumpNetworkIpConfig::getIpConfigResult);
@@ -114,14 +114,14 @@ void ParticularValuesTest::ipConfig_setCarriesTheResetFlagAndResetReportsItsOutc
 }
 
 void ParticularValuesTest::enableLineSpeed_defaultIsRetriedAndReadBack() {
-    LinkHarness link;
+    ValuesLink link;
     PumpEnableLineSpeed speed(link.container());
     QSignalSpy results(&speed, &PumpValueBase::setDefaultValueSuccess);
 
     speed.setDefaultEnableLineSpeed();
-    link.expireRequests();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(link.countSent(5, 9, Operation::SetDef), 3u);
     QCOMPARE(results.count(), 1);
     QCOMPARE(results.at(0).at(0).toBool(), false);
@@ -133,14 +133,14 @@ void ParticularValuesTest::enableLineSpeed_defaultIsRetriedAndReadBack() {
 }
 
 void ParticularValuesTest::hysteresis_setTruncatesAndReReadsTheMatchingRange() {
-    LinkHarness link;
+    ValuesLink link;
     PumpVoltageHysteresis hysteresis(link.container());
 
     hysteresis.set(12.9F);
     const auto set = link.lastSent();
     QCOMPARE(set.attribute, uint8_t{8});
     QCOMPARE(set.payload[0], uint8_t{12});
-    link.expireRequests();
+    link.timeOut();
     QCOMPARE(link.countSent(5, 8, Operation::Set), 2u);
     QCOMPARE(link.lastSent().payload[0], uint8_t{12});
 
@@ -150,12 +150,12 @@ void ParticularValuesTest::hysteresis_setTruncatesAndReReadsTheMatchingRange() {
 }
 
 void ParticularValuesTest::faults_decodeFourteenFaultsFromBitOne() {
-    LinkHarness link;
+    ValuesLink link;
     PumpFaults faults(link.container());
     QSignalSpy changes(&faults, &PumpFaults::faultsChanged);
 
     // Bit 0 and bits above 14 are not faults; bits 1 and 14 are faults 0 and 13.
-    link.update(2, 1, 1, LinkHarness::bytesOf<uint32_t>(0xFFFF8001u | 0x2u | 0x4000u));
+    link.update(2, 1, 1, testsupport::bytesOf<uint32_t>(0xFFFF8001u | 0x2u | 0x4000u));
     QCOMPARE(changes.count(), 1);
     const auto list = changes.at(0).at(0).value<QList<PumpFaults::FaultStatus>>();
     QCOMPARE(list.size(), 14);
@@ -170,7 +170,7 @@ void ParticularValuesTest::faults_decodeFourteenFaultsFromBitOne() {
 }
 
 void ParticularValuesTest::adcValues_checkAttributesAndRetrySubscribeWithTheirOwnPeriod() {
-    LinkHarness link;
+    ValuesLink link;
     PumpAdcValues adc(link.container());
     QSignalSpy errors(&adc, &PumpAdcValues::error);
     QSignalSpy voltages(&adc, &PumpAdcValues::adcVoltageChanged);
@@ -181,9 +181,9 @@ void ParticularValuesTest::adcValues_checkAttributesAndRetrySubscribeWithTheirOw
     QCOMPARE(link.sent().size(), 0u);
 
     adc.onSubscribe(6, 50, false);
-    link.expireRequests();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(link.countSent(4, 6, Operation::Sub), 3u);
     QCOMPARE(link.lastSent().payload[0], uint8_t{50});
 
@@ -191,13 +191,13 @@ void ParticularValuesTest::adcValues_checkAttributesAndRetrySubscribeWithTheirOw
     link.refuse(link.lastSent());
     QCOMPARE(errors.last().at(0).toString(), QStringLiteral("Pump returned (Un)subscribe nak"));
 
-    link.update(4, 1, 6, LinkHarness::bytesOf(1234.5F));
+    link.update(4, 1, 6, testsupport::bytesOf(1234.5F));
     QCOMPARE(voltages.count(), 1);
     QCOMPARE(voltages.at(0).at(0).toFloat(), 1234.5F);
 }
 
 void ParticularValuesTest::calibration_readsBackAcceptedSetsAndReportsRefusals() {
-    LinkHarness link;
+    ValuesLink link;
     PumpAnalogCalibration calibration(link.container());
     QSignalSpy errors(&calibration, &PumpAnalogCalibration::error);
     QSignalSpy sets(&calibration, &PumpAnalogCalibration::setCalibrationResult);
@@ -207,13 +207,13 @@ void ParticularValuesTest::calibration_readsBackAcceptedSetsAndReportsRefusals()
     QCOMPARE(errors.last().at(0).toString(), QStringLiteral("Invalid onSetCalibration attribute"));
 
     calibration.onSetCalibration(1, 2.0F, -0.5F);
-    link.expireRequests();
+    link.timeOut();
     QCOMPARE(link.countSent(4, 1, Operation::Set), 2u);
     link.acknowledge(link.lastSent());
     QCOMPARE(sets.count(), 1);
     QCOMPARE(link.countSent(4, 1, Operation::Get), 1u);
-    std::vector<uint8_t> payload = LinkHarness::bytesOf(2.0F);
-    const auto offset = LinkHarness::bytesOf(-0.5F);
+    std::vector<uint8_t> payload = testsupport::bytesOf(2.0F);
+    const auto offset = testsupport::bytesOf(-0.5F);
     payload.insert(payload.end(), offset.begin(), offset.end());
     link.acknowledge(link.lastSent(), payload);
     QCOMPARE(gets.count(), 1);
@@ -226,7 +226,7 @@ void ParticularValuesTest::calibration_readsBackAcceptedSetsAndReportsRefusals()
 }
 
 void ParticularValuesTest::numSamples_failedSetIsLoggedNotReadBack() {
-    LinkHarness link;
+    ValuesLink link;
     PumpAnalogFilterNumSamplesVoltage samples(link.container());
     QSignalSpy changes(&samples, &PumpAnalogFilterNumSamplesBase::numSamplesChanged);
 
@@ -239,13 +239,13 @@ void ParticularValuesTest::numSamples_failedSetIsLoggedNotReadBack() {
     samples.setNumSamples(32);
     link.acknowledge(link.lastSent());
     QCOMPARE(link.countSent(4, 3, Operation::Get), 1u);
-    link.acknowledge(link.lastSent(), LinkHarness::bytesOf<uint32_t>(32));
+    link.acknowledge(link.lastSent(), testsupport::bytesOf<uint32_t>(32));
     QCOMPARE(changes.count(), 1);
     QCOMPARE(changes.at(0).at(0).value<size_t>(), size_t{32});
 }
 
 void ParticularValuesTest::pumpHead_isExchangedAsText() {
-    LinkHarness link;
+    ValuesLink link;
     PumpHead head(link.container());
     QSignalSpy heads(&head, &PumpHead::getHeadResponse);
     QSignalSpy acks(&head, &PumpHead::setHeadAck);
@@ -262,7 +262,7 @@ void ParticularValuesTest::pumpHead_isExchangedAsText() {
 }
 
 void ParticularValuesTest::pumpLog_readsUntilEmptyEntryAndReadsAgainAfterClear() {
-    LinkHarness link;
+    ValuesLink link;
     PumpLog log(link.container());
     QSignalSpy logs(&log, &PumpLog::logUpdated);
 
@@ -284,15 +284,15 @@ void ParticularValuesTest::pumpLog_readsUntilEmptyEntryAndReadsAgainAfterClear()
 }
 
 void ParticularValuesTest::pumpLog_entryTimeoutNeverClearsTheLog() {
-    LinkHarness link;
+    ValuesLink link;
     PumpLog log(link.container());
     QSignalSpy logs(&log, &PumpLog::logUpdated);
 
     log.get();
     link.acknowledge(link.lastSent(), textBytes("1:a"));
-    link.expireRequests();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(link.countSent(7, 0, Operation::Reset), 0u);
     QCOMPARE(link.countSent(7, 2, Operation::Get), 3u);
     QCOMPARE(logs.count(), 1);

@@ -1,4 +1,4 @@
-#include "LogCapture.h"
+#include "tests/support/LogCapture.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObjectSubscribeInterface.h"
 #include "QtApps/Common/Model/PumpValues/PumpValueBase.h"
@@ -231,7 +231,7 @@ void PumpValueBaseTest::boolText_namesBothValues() {
 }
 
 void PumpValueBaseTest::log_namesTheValueItsSourceAndTheStep() {
-    LogCapture log;
+    testsupport::LogCapture log;
     RecordingSubscribeInterface proxy;
     proxy.accept = false;
     PumpValueBase value(kAttribute, QStringLiteral("PrimeSpeed"), &proxy, 1000, true);

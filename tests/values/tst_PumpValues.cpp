@@ -1,4 +1,4 @@
-#include "LinkHarness.h"
+#include "ValuesLink.h"
 
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 
@@ -13,14 +13,14 @@ namespace {
 // The comms object as the values see it: only its proxies matter here.
 class HarnessComms final : public ProtocolCommsInterface {
 public:
-    explicit HarnessComms(LinkHarness& link) : mLink(link) {}
+    explicit HarnessComms(ValuesLink& link) : mLink(link) {}
     bool openPort(const QString& /*portName*/) override { return false; }
     void closePort() override {}
     void clearRequestLog() override {}
     ProtocolObjectContainer& protocolObjects() override { return mLink.container(); }
 
 private:
-    LinkHarness& mLink;
+    ValuesLink& mLink;
 };
 
 } // namespace
@@ -33,7 +33,7 @@ private slots:
 };
 
 void PumpValuesTest::values_moveWithTheCommsObjectAndAnswerQueuedCalls() {
-    LinkHarness link;
+    ValuesLink link;
     HarnessComms comms(link);
     auto* values = new PumpValues(comms);
     QCOMPARE(values->parent(), &comms);

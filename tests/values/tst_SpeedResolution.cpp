@@ -1,4 +1,4 @@
-#include "LinkHarness.h"
+#include "ValuesLink.h"
 
 #include "QtApps/Common/Model/PumpValues/SpeedRanges/PumpCurrentSpeedRange.h"
 #include "QtApps/Common/Model/PumpValues/SpeedRanges/PumpFrequencySpeedRange.h"
@@ -30,7 +30,7 @@ std::vector<uint8_t> profileBytes(const QSpeedRangeProfile& profile) {
 // it emitted more than once.
 template <typename Range, typename Resolution>
 qint64 resolutionOf(const QSpeedRangeProfile& profile) {
-    LinkHarness link;
+    ValuesLink link;
     Range range(link.container());
     Resolution resolution(&range);
     QSignalSpy spy(&resolution, &Resolution::speedResolutionUpdate);

@@ -1,5 +1,5 @@
-#include "LinkHarness.h"
-#include "LogCapture.h"
+#include "ValuesLink.h"
+#include "tests/support/LogCapture.h"
 
 #include "QtApps/Common/Model/PumpValues/Motor/PumpActualSpeed.h"
 #include "QtApps/Common/Model/PumpValues/Motor/PumpCelerationLimits.h"
@@ -12,7 +12,7 @@ using communication::PumpApplicationSpeed;
 using communication::PumpValueBase;
 using communication::objects::MotorObject;
 using communication::objects::PumpObject;
-using Operation = LinkHarness::Operation;
+using Operation = ValuesLink::Operation;
 
 // The shapes of value on the real proxies and message layer: what goes out on the link, byte
 // for byte, and what the value reports.
@@ -30,7 +30,7 @@ private slots:
 };
 
 void ValueShapesTest::settable_acknowledgedSetIsReadBackOnce() {
-    LinkHarness link;
+    ValuesLink link;
     PumpApplicationSpeed speed(link.container());
     QSignalSpy values(&speed, &PumpApplicationSpeed::getApplicationSpeedResponse);
     QSignalSpy successes(&speed, &PumpValueBase::setSuccess);
@@ -58,17 +58,17 @@ void ValueShapesTest::settable_acknowledgedSetIsReadBackOnce() {
 }
 
 void ValueShapesTest::settable_unansweredSetIsSentThreeTimesThenAborted() {
-    LinkHarness link;
+    ValuesLink link;
     PumpApplicationSpeed speed(link.container());
     QSignalSpy aborts(&speed, &PumpValueBase::setValueAborted);
 
     speed.setApplicationSpeed(500);
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(aborts.count(), 0);
-    link.expireRequests();
+    link.timeOut();
     QCOMPARE(aborts.count(), 1);
-    link.expireRequests();
+    link.timeOut();
 
     QCOMPARE(link.sent().size(), 3u);
     QCOMPARE(link.countSent(2, 3, Operation::Set), 3u);
@@ -79,7 +79,7 @@ void ValueShapesTest::settable_unansweredSetIsSentThreeTimesThenAborted() {
 
     // A later set starts with a fresh count: it is acknowledged on its second try.
     speed.setApplicationSpeed(600);
-    link.expireRequests();
+    link.timeOut();
     link.acknowledge(link.lastSent());
     QCOMPARE(link.countSent(2, 3, Operation::Set), 5u);
     QCOMPARE(link.countSent(2, 3, Operation::Get), 1u);
@@ -87,8 +87,8 @@ void ValueShapesTest::settable_unansweredSetIsSentThreeTimesThenAborted() {
 }
 
 void ValueShapesTest::settable_refusedSendIsDroppedWithoutRetry() {
-    LogCapture log;
-    LinkHarness link;
+    testsupport::LogCapture log;
+    ValuesLink link;
     PumpApplicationSpeed speed(link.container());
     QSignalSpy retries(&speed, &PumpValueBase::retrySetValue);
     link.refuseSends(true);
@@ -108,29 +108,29 @@ void ValueShapesTest::settable_refusedSendIsDroppedWithoutRetry() {
 }
 
 void ValueShapesTest::settable_getTimeoutsRetryTheGetAndAnswersAcknowledgeIt() {
-    LinkHarness link;
+    ValuesLink link;
     PumpApplicationSpeed speed(link.container());
     QSignalSpy aborts(&speed, &PumpValueBase::getValueAborted);
 
     speed.getApplicationSpeed();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
     link.acknowledge(link.lastSent(), {1, 0, 0, 0});
     QCOMPARE(link.countSent(2, 3, Operation::Get), 3u);
 
     // The answer restarted the count: two more time-outs are still retried.
     speed.getApplicationSpeed();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(aborts.count(), 0);
     QCOMPARE(link.countSent(2, 3, Operation::Get), 6u);
-    link.expireRequests();
+    link.timeOut();
     QCOMPARE(aborts.count(), 1);
     QCOMPARE(link.countSent(2, 3, Operation::Get), 6u);
 }
 
 void ValueShapesTest::streaming_updatesAndAnswersReachTheSameSignal() {
-    LinkHarness link;
+    ValuesLink link;
     PumpApplicationSpeed speed(link.container());
     QSignalSpy values(&speed, &PumpApplicationSpeed::getApplicationSpeedResponse);
 
@@ -150,7 +150,7 @@ void ValueShapesTest::streaming_updatesAndAnswersReachTheSameSignal() {
 }
 
 void ValueShapesTest::readOnlyStream_subscribesWithItsDefaultsAndForwardsUpdates() {
-    LinkHarness link;
+    ValuesLink link;
     communication::PumpActualSpeed actual(link.container());
     QSignalSpy changes(&actual, &communication::PumpActualSpeed::actualSpeedChanged);
 
@@ -170,7 +170,7 @@ void ValueShapesTest::readOnlyStream_subscribesWithItsDefaultsAndForwardsUpdates
 }
 
 void ValueShapesTest::getter_readsOnRequestAndGivesUpAfterThreeSends() {
-    LinkHarness link;
+    ValuesLink link;
     communication::PumpCelerationLimits limits(link.container());
     QSignalSpy answers(&limits, &communication::PumpCelerationLimits::getLimitsResponse);
     QSignalSpy aborts(&limits, &PumpValueBase::getValueAborted);
@@ -178,8 +178,8 @@ void ValueShapesTest::getter_readsOnRequestAndGivesUpAfterThreeSends() {
     limits.getLimits();
     QCOMPARE(link.lastSent().operation, Operation::Get);
     QCOMPARE(link.lastSent().attribute, uint8_t{7});
-    std::vector<uint8_t> payload = LinkHarness::bytesOf(10.0F);
-    const auto maximum = LinkHarness::bytesOf(2500.0F);
+    std::vector<uint8_t> payload = testsupport::bytesOf(10.0F);
+    const auto maximum = testsupport::bytesOf(2500.0F);
     payload.insert(payload.end(), maximum.begin(), maximum.end());
     link.acknowledge(link.lastSent(), payload);
     QCOMPARE(answers.count(), 1);
@@ -187,9 +187,9 @@ void ValueShapesTest::getter_readsOnRequestAndGivesUpAfterThreeSends() {
              2500.0F);
 
     limits.getLimits();
-    link.expireRequests();
-    link.expireRequests();
-    link.expireRequests();
+    link.timeOut();
+    link.timeOut();
+    link.timeOut();
     QCOMPARE(aborts.count(), 1);
     QCOMPARE(link.countSent(3, 7, Operation::Get), 4u);
 }

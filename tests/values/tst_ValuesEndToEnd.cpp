@@ -1,5 +1,6 @@
-#include "LogCapture.h"
-#include "SimulatorLink.h"
+#include "QtApps/Common/Model/PumpValues/PumpValues.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/SimulatorLink.h"
 
 #include <QTest>
 
@@ -8,6 +9,7 @@
 
 using namespace communication;
 using communication::objects::QSpeedRangeProfile;
+using testsupport::SimulatorLink;
 
 namespace {
 
@@ -60,7 +62,7 @@ void ValuesEndToEndTest::expectAcknowledgedAndReadBack(const char* name, PumpVal
 }
 
 void ValuesEndToEndTest::settableValues_areAcknowledgedAndReadBackDespiteLostFrames() {
-    SimulatorLink link(kLossyLine);
+    SimulatorLink link(kLossyLine, SimulatorLink::Values::With);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     PumpValues& values = link.values();
@@ -136,7 +138,7 @@ void ValuesEndToEndTest::settableValues_areAcknowledgedAndReadBackDespiteLostFra
 }
 
 void ValuesEndToEndTest::streamingValues_streamAtTheirDefaultPeriods() {
-    SimulatorLink link(kLossyLine);
+    SimulatorLink link(kLossyLine, SimulatorLink::Values::With);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     PumpValues& values = link.values();
@@ -213,7 +215,8 @@ void ValuesEndToEndTest::streamingValues_streamAtTheirDefaultPeriods() {
 
 void ValuesEndToEndTest::networkCalibrationAndTorque_setsAreAcknowledgedDespiteLostFrames() {
     SimulatorLink link(kLossyLine +
-                       QStringList{QStringLiteral("--variant"), QStringLiteral("network")});
+                           QStringList{QStringLiteral("--variant"), QStringLiteral("network")},
+                       SimulatorLink::Values::With);
     QString error;
     QVERIFY2(link.start(error), qPrintable(error));
     PumpValues& values = link.values();
@@ -243,9 +246,10 @@ void ValuesEndToEndTest::networkCalibrationAndTorque_setsAreAcknowledgedDespiteL
 }
 
 void ValuesEndToEndTest::silentPump_setGivesUpAfterExactlyThreeSends() {
-    LogCapture log;
+    testsupport::LogCapture log;
     // The pump hears nothing the application sends.
-    SimulatorLink link({QStringLiteral("--drop-in"), QStringLiteral("1")});
+    SimulatorLink link({QStringLiteral("--drop-in"), QStringLiteral("1")},
+                       SimulatorLink::Values::With);
     QString error;
     QVERIFY2(link.start(error, SimulatorLink::Session::None), qPrintable(error));
     auto& prime = link.values().get<PumpPrimeSpeed>();

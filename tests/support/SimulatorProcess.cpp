@@ -2,7 +2,7 @@
 
 #include <csignal>
 
-namespace simtest {
+namespace testsupport {
 
 SimulatorProcess::~SimulatorProcess() {
     if (mProcess.state() != QProcess::NotRunning) {
@@ -31,4 +31,4 @@ bool SimulatorProcess::interrupt(int timeoutMs) {
     return mProcess.waitForFinished(timeoutMs);
 }
 
-} // namespace simtest
+} // namespace testsupport

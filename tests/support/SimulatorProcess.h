@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace simtest {
+namespace testsupport {
 
 /// The real pump-simulator executable, started as a script would start it.
 class SimulatorProcess {
@@ -23,4 +23,4 @@ private:
     QProcess mProcess;
 };
 
-} // namespace simtest
+} // namespace testsupport

@@ -1,34 +1,42 @@
-#include "ObjectsLink.h"
+#include "SimulatorLink.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObject.h"
+#include "QtApps/Common/Model/PumpValues/PumpValues.h"
 
 #include <QEventLoop>
 #include <QTimer>
 
 using communication::objects::ProtocolObject;
 
+namespace testsupport {
+
 namespace {
 constexpr uint16_t kKeepAliveMs = 1000;
 constexpr int kStartTimeoutMs = 5000;
 } // namespace
 
-ObjectsLink::ObjectsLink(const QStringList& simulatorArguments)
+SimulatorLink::SimulatorLink(const QStringList& simulatorArguments, Values values)
     : mArguments(simulatorArguments)
     , mComms(new communication::ProtocolComms(mRequestLog)) {
+    if (values == Values::With) {
+        // A child of the comms object, so it moves to the comms thread with it.
+        mValues = new communication::PumpValues(*mComms);
+    }
     mThread.setObjectName(QStringLiteral("ProtocolCommsThread"));
     mComms->moveToThread(&mThread);
     mThread.start();
 }
 
-ObjectsLink::~ObjectsLink() {
+SimulatorLink::~SimulatorLink() {
     // Deleted on its own thread, as at the application's exit; the thread runs the deferred
     // deletion as it finishes.
-    QMetaObject::invokeMethod(mComms, [this] { mComms->deleteLater(); });
+    runOnCommsThread([this] { mComms->deleteLater(); });
     mThread.quit();
     mThread.wait();
 }
 
-bool ObjectsLink::start(QString& error) {
+bool SimulatorLink::start(QString& error, Session session) {
+    mSimulator.process().setProcessChannelMode(QProcess::ForwardedErrorChannel);
     const QString port = mSimulator.start(
         QStringList{QStringLiteral("--pty"), QStringLiteral("--no-console")} + mArguments);
     if (port.isEmpty()) {
@@ -39,14 +47,14 @@ bool ObjectsLink::start(QString& error) {
         error = QStringLiteral("could not open the simulator's port %1").arg(port);
         return false;
     }
-    if (!startSession()) {
+    if (session == Session::Open && !startSession()) {
         error = QStringLiteral("the simulated pump started no session");
         return false;
     }
     return true;
 }
 
-bool ObjectsLink::startSession() {
+bool SimulatorLink::startSession() {
     QEventLoop waiting;
     send([this, &waiting] {
         ProtocolObject& protocol = proxy<ProtocolObject>();
@@ -71,3 +79,5 @@ bool ObjectsLink::startSession() {
     }
     return mSessionStarted;
 }
+
+} // namespace testsupport

@@ -3,7 +3,8 @@
 // delivered queued to this (the user-interface) thread as the controllers receive them.
 // Prints the CPU time of both threads as a share of one core. Usage: values_cpu_bench [SECONDS]
 
-#include "SimulatorLink.h"
+#include "QtApps/Common/Model/PumpValues/PumpValues.h"
+#include "tests/support/SimulatorLink.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -13,6 +14,7 @@
 #include <ctime>
 
 using namespace communication;
+using testsupport::SimulatorLink;
 
 namespace {
 
@@ -37,7 +39,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
     const int seconds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30;
 
-    SimulatorLink link({});
+    SimulatorLink link({}, SimulatorLink::Values::With);
     QString error;
     if (!link.start(error)) {
         std::fprintf(stderr, "values_cpu_bench: %s\n", qPrintable(error));
