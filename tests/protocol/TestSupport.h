@@ -81,24 +81,22 @@ inline ProtocolMessage MakeResponse(std::uint8_t id, message::Type type,
     return response;
 }
 
-/// The fields that matter for the message's type, raw bytes in hex: "05 Request 10/01/02 Set=02",
-/// "07 NakStatus InvalidAttribute=04 for 10/01/02 Set=02 [AA]" (the header a response is
-/// matched to), "09 Nak".
+/// The fields that travel for the message's type, raw bytes in hex: "05 Request 10/01/02 Set=02",
+/// "07 NakStatus InvalidAttribute=04 for 10/01/02 Set=02 [AA]" (a response with the header of
+/// the request it answers), "09 Nak".
 inline std::string Describe(const ProtocolMessage& m) {
     char header[64];
     std::snprintf(header, sizeof header, "%02X/%02X/%02X %s=%02X", m.object, m.instance,
                   m.attribute, message::OperationName(m.operation), m.operationRaw);
-    char text[128];
-    if (m.type == message::Type::AckStatus || m.type == message::Type::NakStatus) {
-        std::snprintf(text, sizeof text, "%02X %s %s=%02X for %s", m.id, message::TypeName(m.type),
-                      message::StatusName(m.status), m.statusRaw, header);
-    } else {
-        std::snprintf(text, sizeof text, "%02X %s %s", m.id, message::TypeName(m.type),
-                      m.type == message::Type::Request ? header : "");
-    }
+    char text[160];
+    std::snprintf(text, sizeof text, "%02X %s", m.id, message::TypeName(m.type));
     std::string described = text;
-    while (!described.empty() && described.back() == ' ') {
-        described.pop_back();
+    if (m.type == message::Type::Request) {
+        described += std::string(" ") + header;
+    } else if (m.type == message::Type::AckStatus || m.type == message::Type::NakStatus) {
+        std::snprintf(text, sizeof text, " %s=%02X for %s", message::StatusName(m.status),
+                      m.statusRaw, header);
+        described += text;
     }
     return m.payloadLength == 0 ? described
                                 : described + " [" + ToHex(m.payload.data(), m.payloadLength) + "]";
