@@ -108,6 +108,7 @@ TEST_F(ProtocolRequestLogTest, KeepsTheAgeRightAcrossTheClockWrap) {
     constexpr std::uint64_t kWrap = std::uint64_t{1} << 32;
     system.now = kWrap - 40;
     Log(0x10);
+    EXPECT_EQ(TimedOutAt(kWrap - 1), std::vector<int>{}); // before the wrap, not yet due
     EXPECT_EQ(TimedOutAt(kWrap + 60), std::vector<int>{});
     EXPECT_EQ(TimedOutAt(kWrap + 61), std::vector<int>{0});
 
