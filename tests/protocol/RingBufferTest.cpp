@@ -40,6 +40,7 @@ TEST(RingBuffer, HoldsCapacityLessOneAndWrapsAtEveryOffset) {
         ASSERT_EQ(ring.Read(out.data(), out.size()), 6u);
         EXPECT_EQ(ToHex(out.data(), 6), "20 30 40 50 60 70") << offset;
         EXPECT_EQ(ring.Read(out.data(), 1), 0u);
+        EXPECT_TRUE(ring.IsEmpty());
     }
 }
 
@@ -48,10 +49,9 @@ TEST(RingBuffer, DiscardAndResetNeverPassTheWriteIndex) {
     RingBuffer ring(storage.data(), storage.size());
     const Bytes data = Hex("01 02 03");
     for (int round = 0; round < 3; ++round) { // the third write wraps round the end
-        ring.Write(data.data(), data.size());
+        ASSERT_EQ(ring.Write(data.data(), data.size()), 3u);
+        ring.Discard(round < 2 ? 3 : 10);
     }
-    ring.Discard(3);
-    ring.Discard(10);
     EXPECT_TRUE(ring.IsEmpty());
     EXPECT_EQ(ring.Free(), 7u);
 
