@@ -1,38 +1,24 @@
-// The session proxy's requests and its reading of answers and time-outs.
+// The session proxy: request bytes, and its reading of answers and time-outs.
+#include "TestRegistry.h"
+#include "tests/support/LinkHarness.h"
+
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObject.h"
 
 #include <QSignalSpy>
 #include <QTest>
-
-#include <vector>
 
 using communication::objects::ProtocolObject;
 using halyard::protocol::ProtocolMessage;
 using halyard::protocol::message::Operation;
 using halyard::protocol::message::Status;
 using halyard::protocol::message::Type;
+using testsupport::hex;
+using testsupport::LinkHarness;
 
 namespace {
 
-/// Keeps every message handed to it; the proxy needs nothing else of the message layer.
-class RecordingProtocol final : public halyard::protocol::ProtocolInterface {
-public:
-    std::vector<ProtocolMessage> sent;
-    bool accept = true;
-
-    bool Send(ProtocolMessage& message) override {
-        sent.push_back(message);
-        return accept;
-    }
-    Status Receive(ProtocolMessage&) override { return Status::Success; }
-    void SetPayloadOutHandler(halyard::protocol::PayloadOutHandler*) override {}
-    std::size_t RegisterMessageHandler(halyard::protocol::ProtocolMessageHandler*) override {
-        return 0;
-    }
-    Status ReceiveBytes(const std::uint8_t*, std::int32_t) override { return Status::Success; }
-    void ClearRequestLog() override {}
-};
-
+// An answer as the message layer hands it to the proxy, the request's attribute and operation
+// filled in; built by hand so that a test can also give combinations the link never makes.
 ProtocolMessage answer(Type type, Status status, std::uint8_t attribute, Operation operation,
                        QByteArray payload = {}) {
     ProtocolMessage m;
@@ -51,35 +37,23 @@ class ProtocolObjectTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void requests_carryAttributeOperationAndPayload() {
-        RecordingProtocol protocol;
-        ProtocolObject proxy(protocol);
+    void requests_haveTheirExactBytes() {
+        LinkHarness h;
+        ProtocolObject proxy(h.protocol());
         QVERIFY(proxy.RequestKeepAlive());
         QVERIFY(proxy.RequestVersion());
         QVERIFY(proxy.RequestStartSession(1000));
         QVERIFY(proxy.RequestStopSession());
-        protocol.accept = false;
+        h.refuseSends(true);
         QVERIFY(!proxy.RequestKeepAlive());
-
-        QCOMPARE(protocol.sent.size(), 5u);
-        const std::vector<std::pair<int, Operation>> expected{
-            {0, Operation::Get}, {1, Operation::Get}, {2, Operation::Set}, {3, Operation::Set}};
-        for (std::size_t i = 0; i < expected.size(); ++i) {
-            const ProtocolMessage& m = protocol.sent[i];
-            QCOMPARE(m.type, Type::Request);
-            QCOMPARE(m.object, 0);
-            QCOMPARE(m.instance, 0);
-            QCOMPARE(int(m.attribute), expected[i].first);
-            QCOMPARE(m.operation, expected[i].second);
-            QCOMPARE(int(m.payloadLength), i == 2 ? 2 : 0);
-        }
-        QCOMPARE(protocol.sent[2].payload[0], 0xE8);
-        QCOMPARE(protocol.sent[2].payload[1], 0x03);
+        QCOMPARE(h.sentBytes(),
+                 (QList<QByteArray>{hex("00 00 00 00 00 00"), hex("01 00 00 00 01 00"),
+                                    hex("02 00 00 00 02 02 0200 E803"), hex("03 00 00 00 03 02")}));
     }
 
     void answers_andTimeouts_becomeSignals() {
-        RecordingProtocol protocol;
-        ProtocolObject proxy(protocol);
+        LinkHarness h;
+        ProtocolObject proxy(h.protocol());
         QSignalSpy keepAlive(&proxy, &ProtocolObject::getKeepAliveResponse);
         QSignalSpy started(&proxy, &ProtocolObject::setStartSessionResponse);
         QSignalSpy stopped(&proxy, &ProtocolObject::setStopSessionResponse);
@@ -110,8 +84,8 @@ private slots:
     }
 
     void versionAnswer_needsThreeBytes() {
-        RecordingProtocol protocol;
-        ProtocolObject proxy(protocol);
+        LinkHarness h;
+        ProtocolObject proxy(h.protocol());
         QSignalSpy versions(&proxy, &ProtocolObject::getVersionResponse);
         QVERIFY(!proxy.Handle(answer(Type::AckStatus, Status::Success, 1, Operation::Get,
                                      QByteArray::fromHex("0207"))));
@@ -126,5 +100,6 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ProtocolObjectTest)
+OBJECTS_TEST(ProtocolObjectTest)
+
 #include "ProtocolObjectTest.moc"
