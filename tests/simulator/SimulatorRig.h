@@ -2,10 +2,11 @@
 
 #include "AppSide.h"
 
+#include "tests/support/LinkHarness.h"
+
 #include "tools/pump-simulator/PumpSimulator.h"
 #include "tools/pump-simulator/SimulatorOptions.h"
 
-#include <cstring>
 #include <memory>
 
 namespace simtest {
@@ -40,12 +41,6 @@ private:
     bool mOk = false;
 };
 
-/// Little-endian bytes of a value, for payloads.
-template <typename T>
-QByteArray le(T value) {
-    QByteArray bytes(static_cast<qsizetype>(sizeof(T)), '\0');
-    std::memcpy(bytes.data(), &value, sizeof(T));
-    return bytes;
-}
+using testsupport::le;
 
 } // namespace simtest

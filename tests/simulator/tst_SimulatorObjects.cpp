@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <cstring>
+
 using namespace simtest;
 
 namespace {
