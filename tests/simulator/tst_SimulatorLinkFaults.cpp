@@ -39,34 +39,40 @@ class tst_SimulatorLinkFaults : public QObject {
     Q_OBJECT
 
 private slots:
-    void drop_losesEveryFrameOfItsDirection() {
-        SimulatorRig out({"--drop-out", "1"});
-        QVERIFY(out.ok());
-        QCOMPARE(out.askHex(0, 0, 2, Operation::Set, le<std::uint16_t>(1000)), QString());
-        QVERIFY(out.sim().sessionActive()); // heard and handled, the answer lost
+    // Each direction: a request lost on the way in is never heard; an answer lost on the way
+    // out was heard and handled.
+    void drop_losesEveryFrameOfItsDirection_data() {
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<bool>("heard");
+        QTest::newRow("out") << QStringLiteral("--drop-out") << true;
+        QTest::newRow("in") << QStringLiteral("--drop-in") << false;
+    }
 
-        SimulatorRig in({"--drop-in", "1"});
-        QVERIFY(in.ok());
-        QCOMPARE(in.askHex(0, 0, 2, Operation::Set, le<std::uint16_t>(1000)), QString());
-        QVERIFY(!in.sim().sessionActive()); // never heard
-        QCOMPARE(in.sim().link().counters().injectedFaults, quint64{1});
+    void drop_losesEveryFrameOfItsDirection() {
+        QFETCH(QString, option);
+        QFETCH(bool, heard);
+        SimulatorRig rig({option, "1"});
+        QVERIFY(rig.ok());
+        QCOMPARE(rig.askHex(0, 0, 2, Operation::Set, le<std::uint16_t>(1000)), QString());
+        QCOMPARE(rig.sim().sessionActive(), heard);
+        QCOMPARE(rig.sim().link().counters().injectedFaults, quint64{1});
+    }
+
+    void corrupt_neverYieldsTheTrueAnswer_data() {
+        QTest::addColumn<QString>("option");
+        QTest::newRow("out") << QStringLiteral("--corrupt-out");
+        QTest::newRow("in") << QStringLiteral("--corrupt-in");
     }
 
     void corrupt_neverYieldsTheTrueAnswer() {
-        SimulatorRig out({"--corrupt-out", "1"});
-        QVERIFY(out.ok());
+        QFETCH(QString, option);
+        SimulatorRig rig({option, "1"});
+        QVERIFY(rig.ok());
         for (int i = 0; i < 4; ++i) {
-            QVERIFY(out.askHex(0, 0, 1, Operation::Get) !=
+            QVERIFY(rig.askHex(0, 0, 1, Operation::Get) !=
                     QStringLiteral("00 01 00 03 00 01 00 00"));
         }
-        QCOMPARE(out.sim().link().counters().injectedFaults, quint64{4});
-
-        SimulatorRig in({"--corrupt-in", "1"});
-        QVERIFY(in.ok());
-        for (int i = 0; i < 4; ++i) {
-            QVERIFY(in.askHex(0, 0, 1, Operation::Get) !=
-                    QStringLiteral("00 01 00 03 00 01 00 00"));
-        }
+        QCOMPARE(rig.sim().link().counters().injectedFaults, quint64{4});
     }
 
     void duplicate_sendsOrHandlesTwice() {
