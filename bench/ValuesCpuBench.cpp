@@ -3,6 +3,7 @@
 // delivered queued to this (the user-interface) thread as the controllers receive them.
 // Prints the CPU time of both threads as a share of one core. Usage: values_cpu_bench [SECONDS]
 
+#include "QtApps/Common/Logger/LogSetup.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "tests/support/SimulatorLink.h"
 
@@ -37,6 +38,8 @@ struct Receiver : QObject {
 
 int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
+    // Gives-ups and refused sends are part of what the run shows.
+    logger::ConfigureDefaults();
     const int seconds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30;
 
     SimulatorLink link({}, SimulatorLink::Values::With);
