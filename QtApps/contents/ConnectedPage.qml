@@ -3,6 +3,8 @@ import BwConstants
 
 // Shown for a moment once the session is open.
 Rectangle {
+    id: page
+
     /// The pump's application version.
     property string pumpAppVersion: ""
 
@@ -23,8 +25,8 @@ Rectangle {
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
-            visible: pumpAppVersion.length > 0
-            text: qsTr("Pump software version %1").arg(pumpAppVersion)
+            visible: page.pumpAppVersion.length > 0
+            text: qsTr("Pump software version %1").arg(page.pumpAppVersion)
             font.pixelSize: BwFonts.body
             color: BwColours.textMuted
         }
