@@ -41,7 +41,9 @@ if [ "$use_simulator" = yes ]; then
     simulator_out=$(mktemp)
     "$bin/pump-simulator" --pty --no-console >"$simulator_out" &
     simulator_pid=$!
-    trap 'kill "$simulator_pid" 2>/dev/null || true; rm -f "$simulator_out"' EXIT
+    stop_simulator() { kill "$simulator_pid" 2>/dev/null || true; rm -f "$simulator_out"; }
+    trap stop_simulator EXIT
+    trap 'stop_simulator; exit 130' INT TERM
     for _ in $(seq 50); do
         [ -s "$simulator_out" ] && break
         sleep 0.1
