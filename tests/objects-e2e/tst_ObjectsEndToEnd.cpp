@@ -5,6 +5,7 @@
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogFilterObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogInputObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/DeviceObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/EnumerationTexts.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/OemDeviceObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/LoggerObject.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/MotorObject.h"
@@ -203,27 +204,40 @@ void ObjectsEndToEndTest::deviceObjects_identityPumpHeadsPortSettingAndResets() 
     REQUEST_AND_WAIT(head, [&] { return oem.RequestGetPumpHead(); });
     QCOMPARE(int(head.lastArg()), 5);
 
-    // Every row of the catalogue, in order: setting a head by a row's name fits the head of
-    // that row's index, so the name, its NUL and the fields after it were all read in step.
-    // Each row holds a rated speed, then the BLDC and stepper compatibility flags, by which the
-    // head selector filters; the head fitted to this stepper pump fits a stepper.
+    // Every row of the list, in order, is the application's catalogue entry of that index, its
+    // rated speed in tenths of rpm, so the name, its NUL and the fields after it were all read
+    // in step and the application knows every head the pump lists. The BLDC and stepper flags,
+    // by which the head selector filters, leave each kind of pump a part of the list; "None"
+    // fits both, and the head fitted to this stepper pump fits a stepper.
     Heard heads(oem, &OemDeviceObject::receivedPumpHeads);
     REQUEST_AND_WAIT(heads, [&] { return oem.RequestGetPumpHeads(); });
     const QList<QPumpHeadParameterTypes> catalogue = heads.lastArg();
     QCOMPARE(catalogue.size(), kPumpHeadCount);
-    for (const QPumpHeadParameterTypes& row : catalogue) {
-        const QByteArray what = QStringLiteral("%1: %2 %3 %4")
+    int bldcHeads = 0;
+    int stepperHeads = 0;
+    for (int index = 0; index < catalogue.size(); ++index) {
+        const QPumpHeadParameterTypes& row = catalogue.at(index);
+        const PumpHeadEntry known = PumpHeadCatalogueEntry(static_cast<uint8_t>(index));
+        const QByteArray what = QStringLiteral("%1 %2: %3 %4 %5")
+                                    .arg(index)
                                     .arg(row.name)
                                     .arg(row.value)
                                     .arg(row.parameterA)
                                     .arg(row.parameterB)
                                     .toUtf8();
-        QVERIFY2(!row.name.isEmpty() && row.value > 0 && row.value <= 10 * kMaxSpeedDrpm,
-                 what.constData());
+        QVERIFY2(row.name == known.name && row.value == 10 * known.maxSpeedRpm, what.constData());
         QVERIFY2(row.parameterA <= 1 && row.parameterB <= 1 &&
                      (row.parameterA == 1 || row.parameterB == 1),
                  what.constData());
+        bldcHeads += row.parameterA;
+        stepperHeads += row.parameterB;
     }
+    QCOMPARE(catalogue.at(0).name, QStringLiteral("None"));
+    QCOMPARE(int(catalogue.at(0).parameterA), 1);
+    QCOMPARE(int(catalogue.at(0).parameterB), 1);
+    QVERIFY2(bldcHeads > 1 && bldcHeads < kPumpHeadCount, qPrintable(QString::number(bldcHeads)));
+    QVERIFY2(stepperHeads > 1 && stepperHeads < kPumpHeadCount,
+             qPrintable(QString::number(stepperHeads)));
     QCOMPARE(int(catalogue.at(5).parameterB), 1);
     constexpr uint8_t kNewHead = 9;
     Heard setAcks(oem, &OemDeviceObject::receivedSetAck);

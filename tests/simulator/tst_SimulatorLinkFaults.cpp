@@ -113,10 +113,11 @@ private slots:
         SimulatorRig rig({"--pace"});
         QVERIFY(rig.ok());
         const qint64 start = rig.app().now();
-        for (int i = 0; i < 6; ++i) {
-            rig.app().request(1, 2, 4, Operation::Get); // the pump-head list, ~470 bytes
+        constexpr int kRequests = 7;
+        for (int i = 0; i < kRequests; ++i) {
+            rig.app().request(1, 2, 4, Operation::Get); // the pump-head list, ~370 bytes
         }
-        QTRY_VERIFY_WITH_TIMEOUT(rig.app().rawMessages.size() == 6, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(rig.app().rawMessages.size() == kRequests, 5000);
         const double seconds = static_cast<double>(rig.app().rawTimes.last() - start) / 1000.0;
         const double bytesPerSecond = static_cast<double>(rig.app().bytesReceived) / seconds;
         qInfo("paced: %lld bytes in %.3f s = %.0f bytes/s",

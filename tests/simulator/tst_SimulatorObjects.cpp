@@ -93,14 +93,18 @@ private slots:
         SimulatorRig rig;
         QVERIFY(rig.ok());
         const QByteArray heads = rig.ask(1, 2, 4, Operation::Get);
-        // Name with its NUL, rated speed, then the BLDC and stepper flags: a stepper-only head.
-        QByteArray firstRow =
-            QByteArray("Micro 0.5", 10) + le<std::uint32_t>(6000) + fromHex("0001");
+        // Rows of name with its NUL, rated speed in drpm, then the BLDC and stepper flags, in
+        // the head numbering: "None" first, fitting either motor; a BLDC-only head last.
+        const QByteArray firstRow = QByteArray("None", 5) + le<std::uint32_t>(0) + fromHex("0101");
+        const QByteArray lastRow =
+            QByteArray("BW-X36", 7) + le<std::uint32_t>(1650) + fromHex("0100");
         QCOMPARE(hex(heads.mid(5, firstRow.size())), hex(firstRow));
-        QCOMPARE(rig.askHex(1, 2, 3, Operation::Set, QByteArray("Std 6.4", 8)), kAck);
+        QCOMPARE(hex(heads.right(lastRow.size())), hex(lastRow));
+        QCOMPARE(rig.askHex(1, 2, 3, Operation::Get), ackWith(fromHex("00")));
+        QCOMPARE(rig.askHex(1, 2, 3, Operation::Set, QByteArray("BW-T13", 7)), kAck);
         QCOMPARE(rig.askHex(1, 2, 3, Operation::Get), ackWith(fromHex("0b")));
         QCOMPARE(rig.askHex(1, 2, 3, Operation::Set, QByteArray("No such", 8)), kInvalidData);
-        QCOMPARE(rig.askHex(1, 2, 3, Operation::Set, QByteArray("Std 6.4")), kInvalidData);
+        QCOMPARE(rig.askHex(1, 2, 3, Operation::Set, QByteArray("BW-T13")), kInvalidData);
         QCOMPARE(rig.askHex(1, 2, 9, Operation::Set, fromHex("01")), kAck);
         QCOMPARE(rig.askHex(1, 2, 9, Operation::Get), ackWith(fromHex("01")));
         QCOMPARE(rig.askHex(1, 2, 8, Operation::Reset), kAck);

@@ -107,7 +107,7 @@ void ValuesEndToEndTest::settableValues_areAcknowledgedAndReadBackDespiteLostFra
     auto& head = values.get<PumpHead>();
     SignalCounter heads(&head, &PumpHead::getHeadResponse);
     expectAcknowledgedAndReadBack("PumpHead", head, heads,
-                                  [&head] { head.set(QStringLiteral("Std 6.4")); });
+                                  [&head] { head.set(QStringLiteral("BW-T13")); });
 
     auto& cli = values.get<PumpPlecPortCliEnable>();
     SignalCounter clis(&cli, &PumpPlecPortCliEnable::cliEnableValue);

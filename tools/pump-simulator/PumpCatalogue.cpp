@@ -3,17 +3,21 @@
 namespace simulator::catalogue {
 
 const std::array<PumpHead, kPumpHeadCount>& pumpHeads() {
-    // The micro heads need the stepper's fine steps, the hose heads the BLDC motor's torque.
+    // Mirrors the product catalogue of the pump heads: the same names in the pump's head
+    // numbering, so the application finds the fitted head's name by its index and knows every
+    // listed name. The catalogue rates speed in rpm; the list carries tenths of rpm.
+    // The S and T heads fit either motor; the four-channel M heads dose small volumes and need
+    // the stepper's fine steps; the large-bore F and X heads need the BLDC motor's torque.
     static const std::array<PumpHead, kPumpHeadCount> heads = {{
-        {"Micro 0.5", 6000, 0, 1},   {"Micro 0.8", 6000, 0, 1},   {"Micro 1.6", 6000, 0, 1},
-        {"Micro 3.2", 6000, 0, 1},   {"Micro 4.8", 5000, 0, 1},   {"Multi 2x0.8", 4000, 1, 1},
-        {"Multi 2x1.6", 4000, 1, 1}, {"Multi 4x0.8", 4000, 1, 1}, {"Multi 4x1.6", 4000, 1, 1},
-        {"Std 3.2", 4000, 1, 1},     {"Std 4.8", 4000, 1, 1},     {"Std 6.4", 4000, 1, 1},
-        {"Std 8.0", 3500, 1, 1},     {"Std 9.6", 3500, 1, 1},     {"Flow 6.4", 3000, 1, 1},
-        {"Flow 8.0", 3000, 1, 1},    {"Flow 9.6", 3000, 1, 1},    {"Flow 12.7", 2500, 1, 1},
-        {"Flow 15.9", 2500, 1, 1},   {"Flow 19.0", 2000, 1, 1},   {"Hose 10", 1500, 1, 0},
-        {"Hose 15", 1500, 1, 0},     {"Hose 20", 1200, 1, 0},     {"Hose 25", 1000, 1, 0},
-        {"Cass 3x1.0", 3000, 1, 1},  {"Cass 6x1.0", 3000, 1, 1},  {"Test head", 6000, 1, 1},
+        {"None", 0, 1, 1},        {"BW-S10", 6000, 1, 1},   {"BW-S10HP", 6000, 1, 1},
+        {"BW-S14", 6000, 1, 1},   {"BW-S16", 6000, 1, 1},   {"BW-S25", 5000, 1, 1},
+        {"BW-S25HP", 5000, 1, 1}, {"BW-S17", 5000, 1, 1},   {"BW-S18", 4500, 1, 1},
+        {"BW-S35", 4500, 1, 1},   {"BW-S36", 4500, 1, 1},   {"BW-T13", 4000, 1, 1},
+        {"BW-T14", 4000, 1, 1},   {"BW-T16", 4000, 1, 1},   {"BW-T25", 3500, 1, 1},
+        {"BW-T17", 3500, 1, 1},   {"BW-T18", 3500, 1, 1},   {"BW-M06x4", 3000, 0, 1},
+        {"BW-M13x4", 3000, 0, 1}, {"BW-M14x4", 3000, 0, 1}, {"BW-M16x4", 3000, 0, 1},
+        {"BW-F73", 2500, 1, 0},   {"BW-F82", 2500, 1, 0},   {"BW-F88", 2000, 1, 0},
+        {"BW-X24", 1650, 1, 0},   {"BW-X35", 1650, 1, 0},   {"BW-X36", 1650, 1, 0},
     }};
     return heads;
 }

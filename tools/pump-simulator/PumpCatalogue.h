@@ -13,7 +13,7 @@ namespace catalogue {
 
 struct PumpHead {
     const char* name;           // at most 11 characters
-    std::uint32_t maxSpeedDrpm; // rated speed
+    std::uint32_t maxSpeedDrpm; // rated speed, tenths of rpm (0 for "None")
     // Which motor kinds drive the head (1 yes, 0 no): the application lists a head only for a
     // pump whose motor it fits.
     std::uint8_t bldcCompatible;
