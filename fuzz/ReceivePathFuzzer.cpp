@@ -1,5 +1,6 @@
 // The whole receive path as the comms object drives it: received bytes, in reads of sizes the
-// input chooses, go through CobsTransport DataIn/Decode into Protocol::ReceiveBytes, which
+// input chooses (also far larger than the receive buffer), go through the library's
+// ReceiveStream, CobsTransport's DataIn and Decode, into Protocol::ReceiveBytes, which
 // dispatches to protocol objects that read their payloads and answer, and matches responses to
 // requests waiting in the request log. Time passes between reads, so time-outs fire as well.
 //
@@ -12,6 +13,7 @@
 #include "Common/Protocol/Protocol.h"
 #include "Common/Protocol/ProtocolBaseObject.h"
 #include "Common/Protocol/ProtocolRequestLog.h"
+#include "Common/Protocol/ReceiveStream.h"
 
 #include <cstdint>
 #include <vector>
@@ -191,20 +193,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::uint64_t nextScan = system.now + kTimeoutMs;
     while (position < size) {
         const std::size_t read = std::min<std::size_t>(1 + steps.Next() % maxRead, size - position);
-        const std::size_t taken = transport.DataIn(data + position, read);
-        position += read;
-        FUZZ_CHECK(taken <= read);
-        FUZZ_CHECK(transport.BufferedBytes() <= kBufferSize - 1);
-
         std::size_t frames = 0;
-        std::int32_t length = 0;
-        while ((length = transport.Decode(decoded.data(), decoded.size())) != 0) {
-            FUZZ_CHECK(++frames <= kBufferSize); // every result but 0 consumes bytes
-            FUZZ_CHECK(length >= -1 && length <= static_cast<std::int32_t>(kBufferSize));
-            if (length > 0) {
+        const std::size_t lost = ReceiveStream(
+            transport, data + position, read, decoded.data(), decoded.size(),
+            [&](std::int32_t length) {
+                FUZZ_CHECK(++frames <= read + kBufferSize); // every result consumes bytes
+                FUZZ_CHECK(length >= -1 && length <= static_cast<std::int32_t>(kBufferSize));
+                // As the comms object does, a malformed frame (-1) goes on to the message layer.
                 FUZZ_CHECK(IsReceiveResult(protocol.ReceiveBytes(decoded.data(), length)));
-            }
-        }
+            });
+        position += read;
+        FUZZ_CHECK(lost == 0); // a read of any size is buffered whole
+        FUZZ_CHECK(transport.BufferedBytes() <= kBufferSize - 1);
         // The comms object scans on a timer of the time-out's own interval.
         system.now += steps.Next() % 80;
         if (system.now >= nextScan) {

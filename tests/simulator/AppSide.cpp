@@ -1,6 +1,7 @@
 #include "AppSide.h"
 
 #include "Common/Protocol/ProtocolBaseObject.h"
+#include "Common/Protocol/ReceiveStream.h"
 
 #include <QSerialPort>
 #include <QSocketNotifier>
@@ -126,21 +127,18 @@ bool AppSide::PayloadOut(const std::uint8_t* data, std::size_t length) {
 
 void AppSide::onBytes(const QByteArray& bytes) {
     bytesReceived += bytes.size();
-    mTransport.DataIn(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                      static_cast<std::size_t>(bytes.size()));
-    for (;;) {
-        const std::int32_t length = mTransport.Decode(mDecoded.data(), mDecoded.size());
-        if (length == 0) {
-            break;
-        }
-        if (length < 0) {
-            ++transportErrors;
-            continue;
-        }
-        rawMessages.append(QByteArray(reinterpret_cast<const char*>(mDecoded.data()), length));
-        rawTimes.append(now());
-        mProtocol->ReceiveBytes(mDecoded.data(), length);
-    }
+    halyard::protocol::ReceiveStream(
+        mTransport, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+        static_cast<std::size_t>(bytes.size()), mDecoded.data(), mDecoded.size(),
+        [this](std::int32_t length) {
+            if (length < 0) {
+                ++transportErrors;
+                return;
+            }
+            rawMessages.append(QByteArray(reinterpret_cast<const char*>(mDecoded.data()), length));
+            rawTimes.append(now());
+            mProtocol->ReceiveBytes(mDecoded.data(), length);
+        });
 }
 
 bool AppSide::request(std::uint8_t object, std::uint8_t instance, std::uint8_t attribute,

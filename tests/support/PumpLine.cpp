@@ -1,6 +1,7 @@
 #include "PumpLine.h"
 
 #include "Common/Protocol/MessageCodec.h"
+#include "Common/Protocol/ReceiveStream.h"
 
 namespace testsupport {
 
@@ -54,25 +55,22 @@ ProtocolMessage PumpLine::answer(const ProtocolMessage& request, message::Type t
 
 void PumpLine::onBytes() {
     const QByteArray bytes = mPty.takeReceived();
-    mTransport.DataIn(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                      static_cast<std::size_t>(bytes.size()));
-    for (;;) {
-        const std::int32_t length = mTransport.Decode(mFrame.data(), mFrame.size());
-        if (length == 0) {
-            break;
-        }
-        ProtocolMessage m;
-        if (length < 0 || message::Parse(mFrame.data(), static_cast<std::size_t>(length), m) !=
-                              message::ParseResult::Ok) {
-            ++mMalformed;
-            continue;
-        }
-        mReceived.append(m);
-        if (mResponder) {
-            mResponder(*this, m);
-        }
-        emit messageReceived();
-    }
+    halyard::protocol::ReceiveStream(
+        mTransport, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+        static_cast<std::size_t>(bytes.size()), mFrame.data(), mFrame.size(),
+        [this](std::int32_t length) {
+            ProtocolMessage m;
+            if (length < 0 || message::Parse(mFrame.data(), static_cast<std::size_t>(length), m) !=
+                                  message::ParseResult::Ok) {
+                ++mMalformed;
+                return;
+            }
+            mReceived.append(m);
+            if (mResponder) {
+                mResponder(*this, m);
+            }
+            emit messageReceived();
+        });
 }
 
 } // namespace testsupport

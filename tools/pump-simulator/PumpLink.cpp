@@ -3,6 +3,7 @@
 #include "SerialLine.h"
 
 #include "Common/Protocol/MessageTypes.h"
+#include "Common/Protocol/ReceiveStream.h"
 
 #include <QDebug>
 
@@ -67,35 +68,19 @@ void PumpLink::onBytesReceived(const QByteArray& bytes) {
     if (isQuiet()) {
         return;
     }
-    // The ring takes what fits; decoding makes room for the rest.
-    qsizetype offset = 0;
-    while (offset < bytes.size()) {
-        const std::size_t taken =
-            mTransport.DataIn(reinterpret_cast<const std::uint8_t*>(bytes.constData()) + offset,
-                              static_cast<std::size_t>(bytes.size() - offset));
-        offset += static_cast<qsizetype>(taken);
-        decodeFrames();
-        if (taken == 0 && mTransport.BufferedBytes() + 1 >= kBufferSize) {
-            break; // cannot happen with a working transport; never spin
-        }
-    }
-}
-
-void PumpLink::decodeFrames() {
-    for (;;) {
-        const std::int32_t length = mTransport.Decode(mDecoded.data(), mDecoded.size());
-        if (length == 0) {
-            return;
-        }
-        if (length < 0) {
-            ++mCounters.badFramesIn;
-            qWarning("Receive transport error");
-            mFrameLog.log(mClock.ElapsedMilliseconds(), FrameLog::Direction::In, {}, {},
-                          QStringLiteral("malformed frame"));
-            continue;
-        }
-        handleMessage(QByteArray(reinterpret_cast<const char*>(mDecoded.data()), length));
-    }
+    halyard::protocol::ReceiveStream(
+        mTransport, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+        static_cast<std::size_t>(bytes.size()), mDecoded.data(), mDecoded.size(),
+        [this](std::int32_t length) {
+            if (length < 0) {
+                ++mCounters.badFramesIn;
+                qWarning("Receive transport error");
+                mFrameLog.log(mClock.ElapsedMilliseconds(), FrameLog::Direction::In, {}, {},
+                              QStringLiteral("malformed frame"));
+                return;
+            }
+            handleMessage(QByteArray(reinterpret_cast<const char*>(mDecoded.data()), length));
+        });
 }
 
 void PumpLink::handleMessage(const QByteArray& received) {

@@ -57,7 +57,6 @@ signals:
 
 private:
     void onBytesReceived(const QByteArray& bytes);
-    void decodeFrames();
     void handleMessage(const QByteArray& message);
     void queueFrame(const QByteArray& frame);
     void deliverDueFrames();

@@ -2,6 +2,8 @@
 
 #include "QtApps/Common/Logger/Log.h"
 
+#include "Common/Protocol/ReceiveStream.h"
+
 namespace communication {
 
 using halyard::protocol::message::Status;
@@ -77,22 +79,22 @@ void ProtocolComms::onReadyRead() {
     if (bytes.isEmpty()) {
         return;
     }
-    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.constData());
-    if (mTransport.DataIn(data, static_cast<std::size_t>(bytes.size())) == 0) {
-        return;
-    }
-    std::int32_t length = mTransport.Decode(mFrameBuffer.data(), mFrameBuffer.size());
-    if (length < 0) {
-        // Reported once per read; the message layer still rejects the frame below.
-        emit transportError(QStringLiteral("Receive transport error"));
-    }
-    while (length != 0) {
-        const Status status = mProtocol.ReceiveBytes(mFrameBuffer.data(), length);
-        if (status != Status::Success) {
-            emit protocolError(status);
-        }
-        length = mTransport.Decode(mFrameBuffer.data(), mFrameBuffer.size());
-    }
+    bool firstFrame = true;
+    halyard::protocol::ReceiveStream(
+        mTransport, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+        static_cast<std::size_t>(bytes.size()), mFrameBuffer.data(), mFrameBuffer.size(),
+        [this, &firstFrame](std::int32_t length) {
+            // Reported once per read, for its first frame; the message layer still rejects every
+            // malformed frame below.
+            if (length < 0 && firstFrame) {
+                emit transportError(QStringLiteral("Receive transport error"));
+            }
+            firstFrame = false;
+            const Status status = mProtocol.ReceiveBytes(mFrameBuffer.data(), length);
+            if (status != Status::Success) {
+                emit protocolError(status);
+            }
+        });
 }
 
 // A device that vanishes (a USB adapter pulled, the far end of a pseudo-terminal closed) keeps
