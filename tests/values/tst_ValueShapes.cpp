@@ -4,9 +4,12 @@
 #include "QtApps/Common/Model/PumpValues/Motor/PumpActualSpeed.h"
 #include "QtApps/Common/Model/PumpValues/Motor/PumpCelerationLimits.h"
 #include "QtApps/Common/Model/PumpValues/PumpApplicationSpeed.h"
+#include "QtApps/Common/Model/PumpValues/WireConversions.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <cmath>
 
 using communication::PumpApplicationSpeed;
 using communication::PumpValueBase;
@@ -27,6 +30,7 @@ private slots:
     void streaming_updatesAndAnswersReachTheSameSignal();
     void readOnlyStream_subscribesWithItsDefaultsAndForwardsUpdates();
     void getter_readsOnRequestAndGivesUpAfterThreeSends();
+    void wireConversions_keepTheSignAndNeverWrap();
 };
 
 void ValueShapesTest::settable_acknowledgedSetIsReadBackOnce() {
@@ -192,6 +196,30 @@ void ValueShapesTest::getter_readsOnRequestAndGivesUpAfterThreeSends() {
     link.timeOut();
     QCOMPARE(aborts.count(), 1);
     QCOMPARE(link.countSent(3, 7, Operation::Get), 4u);
+}
+
+// The named conversions between wire fields and the values' types.
+void ValueShapesTest::wireConversions_keepTheSignAndNeverWrap() {
+    using namespace communication::wire;
+    for (const int32_t speed : {0, 1, -1, -1500, INT32_MAX, INT32_MIN}) {
+        QCOMPARE(signedFromWire(signedToWire(speed)), speed);
+    }
+    QCOMPARE(signedToWire(-1), 0xFFFFFFFFu);
+    QCOMPARE(signedFromWire(0x80000000u), INT32_MIN);
+
+    QCOMPARE(clamped<uint32_t>(size_t{123}), 123u);
+    QCOMPARE(clamped<uint32_t>(size_t{1} << 40), UINT32_MAX);
+    QCOMPARE(clamped<int32_t>(uint32_t{3000000000u}), INT32_MAX);
+    QCOMPARE(clamped<uint32_t>(int64_t{-5}), 0u);
+    QCOMPARE(clamped<int8_t>(int32_t{-300}), int8_t{INT8_MIN});
+
+    QCOMPARE(truncatedToWire(2.9F), 2u);
+    QCOMPARE(truncatedToWire(-0.5F), 0u);
+    QCOMPARE(truncatedToWire(std::nanf("")), 0u);
+    QCOMPARE(truncatedToWire(5e9F), UINT32_MAX);
+
+    QCOMPARE(flagFromWire(2), true);
+    QCOMPARE(flagToWire(true), uint8_t{1});
 }
 
 QTEST_GUILESS_MAIN(ValueShapesTest)

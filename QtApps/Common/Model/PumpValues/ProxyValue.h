@@ -3,6 +3,7 @@
 #include "ProxyRequestSignals.h"
 #include "PumpValueBase.h"
 #include "ValueSource.h"
+#include "WireConversions.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
 
@@ -47,21 +48,20 @@ protected:
     /// that could not be queued is logged with `refusedText` and otherwise ignored.
     template <typename... Params, typename... Args>
     bool send(RefusedText refusedText, bool (Proxy::*request)(Params...), const Args&... args) {
-        if ((mProxy.*request)(static_cast<std::decay_t<Params>>(args)...)) {
+        if ((mProxy.*request)(wire::exact<std::decay_t<Params>>(args)...)) {
             return true;
         }
         logRefusedSend(mSource, refusedText);
         return false;
     }
 
-    /// Hands a proxy signal to a slot of the value, converting the arguments (the proxies give
-    /// the pump's wire types, the values the types the screens use).
-    template <typename... SignalArgs, typename Value, typename... SlotArgs>
-    void forward(void (Proxy::*signal)(SignalArgs...), void (Value::*slot)(SlotArgs...)) {
-        auto* value = static_cast<Value*>(this);
-        connect(&mProxy, signal, value, [value, slot](SignalArgs... args) {
-            (value->*slot)(static_cast<std::decay_t<SlotArgs>>(args)...);
-        });
+    /// Hands a proxy signal to a slot of the value. The arguments pass as they are unless
+    /// `convert`, a named conversion of WireConversions.h, is given: it is applied to each.
+    template <typename... SignalArgs, typename Value, typename... SlotArgs,
+              typename Convert = wire::Unchanged>
+    void forward(void (Proxy::*signal)(SignalArgs...), void (Value::*slot)(SlotArgs...),
+                 Convert convert = {}) {
+        relay(signal, slot, convert, [](Value&) {});
     }
 
     /// Connects a proxy signal to a slot of this value as it is; a null signal (the proxy has
@@ -75,6 +75,18 @@ protected:
 
     void logRefused(RefusedText text) const { logRefusedSend(mSource, text); }
     const ValueSource& source() const { return mSource; }
+
+    /// Connects `signal` to `slot` through `convert`; `before` runs on the value first.
+    template <typename... SignalArgs, typename Value, typename... SlotArgs, typename Convert,
+              typename Before>
+    void relay(void (Proxy::*signal)(SignalArgs...), void (Value::*slot)(SlotArgs...),
+               Convert convert, Before before) {
+        auto* value = static_cast<Value*>(this);
+        connect(&mProxy, signal, value, [value, slot, convert, before](SignalArgs... args) {
+            before(*value);
+            (value->*slot)(wire::exact<std::decay_t<SlotArgs>>(convert(args))...);
+        });
+    }
 
 private:
     Proxy& mProxy;

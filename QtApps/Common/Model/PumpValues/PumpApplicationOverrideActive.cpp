@@ -11,7 +11,7 @@ PumpApplicationOverrideActive::PumpApplicationOverrideActive(ProtocolObjectConta
                   &PumpObject::RequestGetApplicationOverrideActive);
     setSetRequest({"setApplicationOverrideActive, can't send SetApplicationOverrideActive",
                    "retrySetApplicationOverrideActive, can't send SetApplicationOverrideActive"},
-                  &PumpObject::RequestSetApplicationOverrideActive);
+                  &PumpObject::RequestSetApplicationOverrideActive, wire::flagToWire);
     readBackOn(&PumpApplicationOverrideActive::onSetApplicationOverrideActiveAck);
     forwardResponse(&PumpObject::getApplicationOverrideActiveResponse,
                     &PumpApplicationOverrideActive::onGetApplicationOverrideActiveResponse);

@@ -11,12 +11,12 @@ PumpApplicationSpeed::PumpApplicationSpeed(ProtocolObjectContainer& container)
                   &PumpObject::RequestGetApplicationSpeed);
     setSetRequest({"setApplicationSpeed, can't send SetApplicationSpeed",
                    "retrySetApplicationSpeed, can't send SetApplicationSpeed"},
-                  &PumpObject::RequestSetApplicationSpeed);
+                  &PumpObject::RequestSetApplicationSpeed, wire::signedToWire);
     readBackOn(&PumpApplicationSpeed::onSetApplicationSpeedAck);
     forwardResponse(&PumpObject::getApplicationSpeedResponse,
                     &PumpApplicationSpeed::onGetApplicationSpeedResponse);
     forward(&PumpObject::updateApplicationSpeed,
-            &PumpApplicationSpeed::onGetApplicationSpeedResponse);
+            &PumpApplicationSpeed::onGetApplicationSpeedResponse, wire::signedFromWire);
 }
 
 } // namespace communication

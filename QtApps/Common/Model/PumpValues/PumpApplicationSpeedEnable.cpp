@@ -11,7 +11,7 @@ PumpApplicationSpeedEnable::PumpApplicationSpeedEnable(ProtocolObjectContainer& 
                   &PumpObject::RequestGetApplicationSpeedEnable);
     setSetRequest({"setApplicationSpeedEnable, can't send SetApplicationSpeedEnable",
                    "retrySetApplicationSpeedEnable, can't send SetApplicationSpeedEnable"},
-                  &PumpObject::RequestSetApplicationSpeedEnable);
+                  &PumpObject::RequestSetApplicationSpeedEnable, wire::flagToWire);
     readBackOn(&PumpApplicationSpeedEnable::onSetApplicationSpeedEnableAck);
     forwardResponse(&PumpObject::getApplicationSpeedEnableResponse,
                     &PumpApplicationSpeedEnable::onGetApplicationSpeedEnableResponse);

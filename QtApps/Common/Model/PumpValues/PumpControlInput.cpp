@@ -11,7 +11,7 @@ PumpControlInput::PumpControlInput(ProtocolObjectContainer& container)
                   &PumpObject::RequestGetControlInput);
     setSetRequest({"setControlInput, can't send SetControlInput",
                    "retrySetControlInput, can't send SetControlInput"},
-                  &PumpObject::RequestSetControlInput);
+                  &PumpObject::RequestSetControlInput, wire::codeOf<halyard::pump::ControlInput>);
     readBackOn(&PumpControlInput::onSetControlInputAck);
     forwardResponse(&PumpObject::getControlInputResponse,
                     &PumpControlInput::onGetControlInputResponse);

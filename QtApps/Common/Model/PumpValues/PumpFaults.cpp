@@ -16,7 +16,7 @@ void PumpFaults::ackFaults() {
 }
 
 void PumpFaults::set(MotorFaultType type) {
-    send("set: Could not send request", &PumpObject::RequestSetMotorFault, type);
+    send("set: Could not send request", &PumpObject::RequestSetMotorFault, wire::codeOf(type));
 }
 
 void PumpFaults::onUpdateFaults(uint32_t faults) {

@@ -17,7 +17,7 @@ PumpHead::PumpHead(ProtocolObjectContainer& container)
 }
 
 void PumpHead::onGetHeadResponse(halyard::pump::PumpHead head) {
-    emit getHeadResponse(objects::PumpHeadCatalogueEntry(static_cast<uint8_t>(head)).name);
+    emit getHeadResponse(objects::PumpHeadCatalogueEntry(wire::codeOf(head)).name);
 }
 
 void PumpHead::onSetPumpHeadAck(bool success, uint8_t attribute) {

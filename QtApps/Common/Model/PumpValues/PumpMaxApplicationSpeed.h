@@ -17,7 +17,8 @@ public:
         setGetRequest("getMaxApplicationSpeed, can't send GetMaxApplicationSpeed",
                       &objects::PumpObject::RequestGetMaxApplicationSpeed);
         forwardResponse(&objects::PumpObject::getMaxApplicationSpeedResponse,
-                        &PumpMaxApplicationSpeed::onGetMaxApplicationSpeedResponse);
+                        &PumpMaxApplicationSpeed::onGetMaxApplicationSpeedResponse,
+                        wire::clamped<int32_t, uint32_t>);
         forward(&objects::PumpObject::updateMaxApplicationSpeed,
                 &PumpMaxApplicationSpeed::onUpdateMaxApplicationSpeed);
     }
@@ -37,7 +38,7 @@ public slots:
         BWL_LOG_INFO(
             "onUpdateMaxApplicationSpeed",
             QStringLiteral("onUpdateMaxApplicationSpeedResponse %1").arg(maxApplicationSpeed));
-        emit getMaxApplicationSpeedResponse(static_cast<int32_t>(maxApplicationSpeed));
+        emit getMaxApplicationSpeedResponse(wire::clamped<int32_t>(maxApplicationSpeed));
     }
 };
 

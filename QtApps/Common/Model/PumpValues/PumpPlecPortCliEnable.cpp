@@ -10,9 +10,9 @@ PumpPlecPortCliEnable::PumpPlecPortCliEnable(ProtocolObjectContainer& container)
     setGetRequest("getCliEnable, can't send request",
                   &OemDeviceObject::RequestGetPlecPortCliEnable);
     setSetRequest({"setCliEnable, can't send request", "setCliEnable, can't send request"},
-                  &OemDeviceObject::RequestSetPlecPortCliEnable);
+                  &OemDeviceObject::RequestSetPlecPortCliEnable, wire::flagToWire);
     forwardResponse(&OemDeviceObject::receivedCliEnableAck,
-                    &PumpPlecPortCliEnable::onReceivedCliEnableAck);
+                    &PumpPlecPortCliEnable::onReceivedCliEnableAck, wire::flagFromWire);
     connect(&proxy(), &OemDeviceObject::receivedSetAck, this,
             [this](bool success, uint8_t attribute) {
                 if (success && attribute == this->attribute()) {

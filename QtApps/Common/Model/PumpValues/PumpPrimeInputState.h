@@ -15,7 +15,7 @@ public:
         : ProxyValue(container, objects::PrimeObject::PrimeInputState, "PrimeInputState",
                      {100, true}, BWL_VALUE_SOURCE) {
         forward(&objects::PrimeObject::updatePrimeInputState,
-                &PumpPrimeInputState::onUpdatePrimeInputState);
+                &PumpPrimeInputState::onUpdatePrimeInputState, wire::flagFromWire);
     }
 
 signals:

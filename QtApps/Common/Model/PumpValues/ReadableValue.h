@@ -37,13 +37,12 @@ protected:
 
     /// Like forward(), for the answer to a Get: the answer also acknowledges the Get, so the
     /// time-out count starts again from the first.
-    template <typename... SignalArgs, typename Value, typename... SlotArgs>
-    void forwardResponse(void (Proxy::*signal)(SignalArgs...), void (Value::*slot)(SlotArgs...)) {
-        auto* value = static_cast<Value*>(this);
-        QObject::connect(&this->proxy(), signal, value, [value, slot](SignalArgs... args) {
-            value->onAckGetValue(value->attribute());
-            (value->*slot)(static_cast<std::decay_t<SlotArgs>>(args)...);
-        });
+    template <typename... SignalArgs, typename Value, typename... SlotArgs,
+              typename Convert = wire::Unchanged>
+    void forwardResponse(void (Proxy::*signal)(SignalArgs...), void (Value::*slot)(SlotArgs...),
+                         Convert convert = {}) {
+        this->relay(signal, slot, convert,
+                    [](Value& value) { value.onAckGetValue(value.attribute()); });
     }
 
 private:

@@ -28,11 +28,12 @@ protected:
         this->connectProxy(Signals::setAck, &PumpValueBase::onAckSetValue);
         QObject::connect(this, &PumpValueBase::retrySetValue, this, [this] { retrySet(); });
     }
-    /// The same for a plain one-argument request of the proxy.
-    template <typename Param>
-    void setSetRequest(SetRefusedTexts texts, bool (Proxy::*request)(Param)) {
-        setSetRequest(texts, [this, request](const T& value) {
-            return (this->proxy().*request)(static_cast<std::decay_t<Param>>(value));
+    /// The same for a plain one-argument request of the proxy; `convert`, a named conversion of
+    /// WireConversions.h, turns the value into the request's wire type where they differ.
+    template <typename Param, typename Convert = wire::Unchanged>
+    void setSetRequest(SetRefusedTexts texts, bool (Proxy::*request)(Param), Convert convert = {}) {
+        setSetRequest(texts, [this, request, convert](const T& value) {
+            return (this->proxy().*request)(wire::exact<std::decay_t<Param>>(convert(value)));
         });
     }
 

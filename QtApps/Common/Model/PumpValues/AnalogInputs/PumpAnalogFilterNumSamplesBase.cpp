@@ -10,7 +10,10 @@ PumpAnalogFilterNumSamplesBase::PumpAnalogFilterNumSamplesBase(
     : SettableValue(container, attribute, name, source) {
     setGetRequest(getRefused, getRequest);
     // Setting and re-sending go through onSetNumSamples, so both log as it.
-    setSetRequest({setRefused, setRefused}, setRequest);
+    // A count the pump's 32-bit field cannot hold goes as its largest, which the pump refuses.
+    setSetRequest({setRefused, setRefused}, [this, setRequest](const size_t& numSamples) {
+        return (proxy().*setRequest)(wire::clamped<uint32_t>(numSamples));
+    });
     connect(&proxy(), &AnalogFilterObject::ackGetNumSamples, this,
             &PumpAnalogFilterNumSamplesBase::onGetNumSamples);
     connect(&proxy(), &AnalogFilterObject::ackSetNumSamples, this,

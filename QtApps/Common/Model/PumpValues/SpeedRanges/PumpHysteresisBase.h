@@ -27,7 +27,7 @@ protected:
                       [this, speedRangeAttribute] { return proxy().Get(speedRangeAttribute); });
         setSetRequest(
             {"set, can't send request", "retrySet, can't send request"}, [this](float hysteresis) {
-                return proxy().SetHysteresis(this->attribute(), static_cast<uint32_t>(hysteresis));
+                return proxy().SetHysteresis(this->attribute(), wire::truncatedToWire(hysteresis));
             });
         readBackOn(&PumpHysteresisBase::onSetHysteresisAck);
     }
