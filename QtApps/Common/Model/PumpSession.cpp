@@ -1,6 +1,7 @@
 #include "PumpSession.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
+#include "QtApps/Common/Core/Communication/SendLimit.h"
 #include "QtApps/Common/Logger/Log.h"
 
 #include <QSerialPortInfo>
@@ -152,8 +153,7 @@ void PumpSession::protocolObject_KeepAliveReceived() {
 
 bool PumpSession::RetryAfterTimeout(std::uint64_t& attempts, const char* function,
                                     const char* retryText, const char* giveUpText) {
-    ++attempts;
-    if (attempts < kMaxAttempts) {
+    if (kRequestSendLimit.countTimeout(attempts)) {
         BWL_LOG_INFO(function, QString::fromLatin1(retryText));
         return true;
     }

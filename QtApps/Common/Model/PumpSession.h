@@ -32,8 +32,6 @@ public:
     static constexpr int kProbeWaitMs = 200;
     static constexpr int kKeepAliveIntervalMs = 1000;
     static constexpr std::uint16_t kSessionStartValue = 1000;
-    /// A request is sent at most this many times.
-    static constexpr std::uint64_t kMaxAttempts = 3;
 
     /// `portNames`: the ports to rotate over, in this order; empty means every port the platform
     /// lists at each tick.

@@ -1,14 +1,10 @@
 #include "PumpValueBase.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObjectSubscribeInterface.h"
+#include "QtApps/Common/Core/Communication/SendLimit.h"
 #include "QtApps/Common/Logger/Log.h"
 
 namespace communication {
-
-namespace {
-// The third time-out in a row ends a request.
-constexpr uint64_t kMaxRetries = 2;
-} // namespace
 
 PumpValueBase::PumpValueBase(uint8_t attribute, const QString& name,
                              objects::ProtocolObjectSubscribeInterface* subscribeInterface,
@@ -35,8 +31,7 @@ QString PumpValueBase::boolText(bool value) {
 }
 
 bool PumpValueBase::countTimeout(uint64_t& count) {
-    ++count;
-    return count <= kMaxRetries;
+    return kRequestSendLimit.countTimeout(count);
 }
 
 void PumpValueBase::subscribe() {

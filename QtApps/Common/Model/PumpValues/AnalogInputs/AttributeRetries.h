@@ -1,13 +1,15 @@
 #pragma once
 
+#include "QtApps/Common/Core/Communication/SendLimit.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
 namespace communication {
 
-/// Time-outs in a row per attribute, for the analog values that book their own requests. As
-/// for every value, a request is sent at most three times.
+/// Time-outs in a row per attribute, for the analog values that book their own requests, under
+/// the send limit of every value.
 template <std::size_t AttributeCount>
 class AttributeRetries {
 public:
@@ -15,7 +17,7 @@ public:
     /// up and starts the count afresh.
     bool mayRetry(uint8_t attribute) {
         uint8_t& count = mCounts[attribute];
-        if (++count <= kMaxRetries) {
+        if (kRequestSendLimit.countTimeout(count)) {
             return true;
         }
         count = 0;
@@ -25,7 +27,6 @@ public:
     static constexpr bool isValid(uint8_t attribute) { return attribute < AttributeCount; }
 
 private:
-    static constexpr uint8_t kMaxRetries = 2;
     std::array<uint8_t, AttributeCount> mCounts{};
 };
 

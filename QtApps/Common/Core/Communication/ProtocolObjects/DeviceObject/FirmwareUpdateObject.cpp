@@ -110,8 +110,7 @@ bool FirmwareUpdateObject::HandleTimeout(const ProtocolMessage& message) {
     if (pending == nullptr) {
         return false;
     }
-    ++pending->retryCount;
-    if (pending->retryCount < kMaxSends) {
+    if (kSendLimit.countTimeout(pending->retryCount)) {
         BWL_LOG_INFO("HandleRequestTimeout",
                      QStringLiteral("HandleRequestTimeout: Retry #%1").arg(pending->retryCount));
         // The message layer gives the repeat a fresh id, which the copy keeps for matching.

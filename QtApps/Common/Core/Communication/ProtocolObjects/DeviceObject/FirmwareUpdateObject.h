@@ -2,6 +2,7 @@
 
 #include "FirmwareUpdateStatus.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolProxy.h"
+#include "QtApps/Common/Core/Communication/SendLimit.h"
 
 #include <QByteArrayView>
 #include <QObject>
@@ -26,7 +27,9 @@ public:
     enum Attribute : uint8_t { ImageControl = 0, DataRequest = 1, ImageData = 2, Status = 3 };
     /// Largest piece of an image in one request: the payload less bank and offset.
     static constexpr std::size_t kMaxDataLength = halyard::protocol::kMaxPayloadLength - 5;
-    static constexpr uint8_t kMaxSends = 4;
+    /// A piece or control request is sent up to four times: an update that gives up leaves the
+    /// pump half-programmed, so it is worth one more try than other requests.
+    static constexpr SendLimit kSendLimit{4};
     /// Requests kept for repeating. A pump that follows the transfer rules has at most three
     /// outstanding (two pieces and a control request); a further one replaces the oldest.
     static constexpr std::size_t kMaxOutstanding = 4;
