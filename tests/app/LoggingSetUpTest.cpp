@@ -1,4 +1,5 @@
 // Logging set-up: defaults, a properties file beside the executable, a broken one, Qt's messages.
+#include "QtApps/Common/Logger/Log.h"
 #include "QtApps/Common/Logger/LogSetup.h"
 #include "QtApps/Common/Logger/LoggerInstantiation.h"
 #include "tests/support/LogCapture.h"
@@ -23,6 +24,12 @@ void writeProperties(const QByteArray& text) {
     file.write(text);
 }
 
+// A helper that logs for its caller, as the session's retry rule and the proxies' payload checks
+// do: the line is the caller's.
+void logForCaller(const logger::Site& site) {
+    logger::write(logger::Level::Info, site, QStringLiteral("for the caller"));
+}
+
 } // namespace
 
 class LoggingSetUpTest : public QObject {
@@ -45,6 +52,20 @@ private slots:
         QVERIFY(capture.contains(QStringLiteral("LogStartup - OS: ")));
         QVERIFY(capture.contains(QStringLiteral("onApplicationExit - Brackwater Link stopped.")));
         QCOMPARE(qgetenv("APPNAME"), QByteArray("Brackwater Link"));
+    }
+
+    void logLines_nameTheCodeThatWroteThem() {
+        testsupport::LogCapture capture;
+        const int line = __LINE__ + 1;
+        BWL_LOG_WARN("directLabel", QStringLiteral("direct"));
+        logForCaller("callerLabel");
+        QCOMPARE(
+            capture.lines(),
+            QStringList(
+                {QStringLiteral("WARN tests/app/LoggingSetUpTest:%1 directLabel - direct")
+                     .arg(line),
+                 QStringLiteral("INFO tests/app/LoggingSetUpTest:%1 callerLabel - for the caller")
+                     .arg(line + 1)}));
     }
 
     void propertiesFile_configuresLoggingWithAppName() {

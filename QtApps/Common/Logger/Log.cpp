@@ -35,18 +35,20 @@ std::string LoggerName(std::string_view sourcePath) {
 } // namespace
 
 // log4cxx serialises appenders internally; callers on any thread need no lock of their own.
-void write(Level level, std::string_view sourcePath, int line, const char* function,
-           const QString& message) {
-    const log4cxx::LoggerPtr target = log4cxx::Logger::getLogger(LoggerName(sourcePath));
+void write(Level level, const Site& site, const QString& message) {
+    if (!site.isWritten()) {
+        return;
+    }
+    const log4cxx::LoggerPtr target = log4cxx::Logger::getLogger(LoggerName(site.path()));
     const log4cxx::LevelPtr log4cxxLevel = ToLog4cxx(level);
     if (!target->isEnabledFor(log4cxxLevel)) {
         return;
     }
-    std::string text(sourcePath);
+    std::string text(site.path());
     text += ':';
-    text += std::to_string(line);
+    text += std::to_string(site.line());
     text += ' ';
-    text += function != nullptr ? function : "";
+    text += site.function();
     text += " - ";
     text += message.toStdString();
     target->forcedLog(log4cxxLevel, text);

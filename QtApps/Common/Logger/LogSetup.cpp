@@ -40,7 +40,7 @@ void QtMessageToLog(QtMsgType type, const QMessageLogContext& context, const QSt
     }
     // Qt's messages carry a category rather than one of our source paths.
     const char* category = context.category != nullptr ? context.category : "qt";
-    write(level, "Qt", context.line, category, message);
+    write(level, Site::foreign("Qt", context.line, category), message);
 }
 
 } // namespace

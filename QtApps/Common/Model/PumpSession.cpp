@@ -96,21 +96,21 @@ void PumpSession::onProbeTimeout() {
         return;
     }
     mProbing = false;
-    BWL_LOG_INFO("CheckNextPort", QStringLiteral("%1response timeout").arg(mProbePort));
+    BWL_LOG_INFO("onProbeTimeout", QStringLiteral("%1response timeout").arg(mProbePort));
     mComms.closePort();
 }
 
 void PumpSession::FinishProbe() {
     mProbeTimer.stop();
     mProbing = false;
-    BWL_LOG_INFO("CheckNextPort", QStringLiteral("%1 %2 received after %3 ms")
-                                      .arg(mProbePort, mVersionText)
-                                      .arg(mRoundTripMs));
+    BWL_LOG_INFO("FinishProbe", QStringLiteral("%1 %2 received after %3 ms")
+                                    .arg(mProbePort, mVersionText)
+                                    .arg(mRoundTripMs));
     mVersionReceived = false;
     mConnected = true;
     mScanTimer.stop();
     if (!mProtocolObject.RequestStartSession(kSessionStartValue)) {
-        BWL_LOG_INFO("CheckNextPort", QStringLiteral("connectPump, can't start session"));
+        BWL_LOG_INFO("FinishProbe", QStringLiteral("connectPump, can't start session"));
         mComms.closePort();
         mConnected = false;
         ReportDisconnected();
@@ -151,13 +151,13 @@ void PumpSession::protocolObject_KeepAliveReceived() {
     mKeepAliveMisses = 0;
 }
 
-bool PumpSession::RetryAfterTimeout(std::uint64_t& attempts, const char* function,
+bool PumpSession::RetryAfterTimeout(std::uint64_t& attempts, const logger::Site& site,
                                     const char* retryText, const char* giveUpText) {
     if (kRequestSendLimit.countTimeout(attempts)) {
-        BWL_LOG_INFO(function, QString::fromLatin1(retryText));
+        logger::write(logger::Level::Info, site, QString::fromLatin1(retryText));
         return true;
     }
-    BWL_LOG_INFO(function, QString::fromLatin1(giveUpText));
+    logger::write(logger::Level::Info, site, QString::fromLatin1(giveUpText));
     DisconnectAndRescan();
     return false;
 }

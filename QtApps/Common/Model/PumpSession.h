@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QtApps/Common/Core/Communication/ProtocolCommsInterface.h"
+#include "QtApps/Common/Logger/Log.h"
 
 #include "Common/Protocol/SemanticVersion.h"
 
@@ -71,7 +72,7 @@ private:
     void DisconnectAndRescan();
     void ReportDisconnected();
     /// Counts a time-out of one request: true while it should be sent again.
-    bool RetryAfterTimeout(std::uint64_t& attempts, const char* function, const char* retryText,
+    bool RetryAfterTimeout(std::uint64_t& attempts, const logger::Site& site, const char* retryText,
                            const char* giveUpText);
 
     ProtocolCommsInterface& mComms;

@@ -12,7 +12,7 @@ class DeviceDetailsGetAll final : public ReadableValue<objects::DeviceObject> {
 
 public:
     explicit DeviceDetailsGetAll(ProtocolObjectContainer& container)
-        : ReadableValue(container, 0, "GetAll", BWL_VALUE_SOURCE) {
+        : ReadableValue(container, 0, "GetAll") {
         setGetRequest("getAll, can't send request", &objects::DeviceObject::RequestGetAll);
         forwardResponse(&objects::DeviceObject::receivedDeviceDetails,
                         &DeviceDetailsGetAll::onGetAllResponse);

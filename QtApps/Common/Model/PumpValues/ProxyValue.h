@@ -2,7 +2,7 @@
 
 #include "ProxyRequestSignals.h"
 #include "PumpValueBase.h"
-#include "ValueSource.h"
+#include "RefusedText.h"
 #include "WireConversions.h"
 
 #include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
@@ -23,35 +23,32 @@ template <typename Proxy>
 class ProxyValue : public PumpValueBase {
 protected:
     /// Request-only value.
-    ProxyValue(ProtocolObjectContainer& container, uint8_t attribute, const char* name,
-               ValueSource source)
+    ProxyValue(ProtocolObjectContainer& container, uint8_t attribute, const char* name)
         : PumpValueBase(attribute, QString::fromLatin1(name))
-        , mProxy(container.get<Proxy>())
-        , mSource(source) {
+        , mProxy(container.get<Proxy>()) {
         moveToThread(container.thread());
     }
 
     /// Streaming value: subscribes through the proxy.
     ProxyValue(ProtocolObjectContainer& container, uint8_t attribute, const char* name,
-               Subscription subscription, ValueSource source)
+               Subscription subscription)
         : PumpValueBase(attribute, QString::fromLatin1(name), &container.get<Proxy>(),
                         subscription.periodMs, subscription.onChange)
-        , mProxy(container.get<Proxy>())
-        , mSource(source) {
+        , mProxy(container.get<Proxy>()) {
         moveToThread(container.thread());
         connectProxy(ProxyRequestSignals<Proxy>::subscribeAck, &PumpValueBase::onAckSubscribe);
     }
 
     Proxy& proxy() const { return mProxy; }
 
-    /// Calls the proxy's request with the arguments converted to its parameter types; a request
+    /// Calls the proxy's request with the arguments, which must have its parameter types; a request
     /// that could not be queued is logged with `refusedText` and otherwise ignored.
     template <typename... Params, typename... Args>
     bool send(RefusedText refusedText, bool (Proxy::*request)(Params...), const Args&... args) {
         if ((mProxy.*request)(wire::exact<std::decay_t<Params>>(args)...)) {
             return true;
         }
-        logRefusedSend(mSource, refusedText);
+        refusedText.log();
         return false;
     }
 
@@ -73,8 +70,7 @@ protected:
         }
     }
 
-    void logRefused(RefusedText text) const { logRefusedSend(mSource, text); }
-    const ValueSource& source() const { return mSource; }
+    void logRefused(const RefusedText& text) const { text.log(); }
 
     /// Connects `signal` to `slot` through `convert`; `before` runs on the value first.
     template <typename... SignalArgs, typename Value, typename... SlotArgs, typename Convert,
@@ -90,7 +86,6 @@ protected:
 
 private:
     Proxy& mProxy;
-    ValueSource mSource;
 };
 
 } // namespace communication

@@ -6,7 +6,7 @@ using objects::PumpObject;
 
 PumpApplicationOverrideActive::PumpApplicationOverrideActive(ProtocolObjectContainer& container)
     : SettableValue(container, PumpObject::ApplicationOverrideActive,
-                    "ApplicationSpeedOverrideActive", {100, true}, BWL_VALUE_SOURCE) {
+                    "ApplicationSpeedOverrideActive", {100, true}) {
     setGetRequest("getApplicationOverrideActive, can't send GetApplicationOverrideActive",
                   &PumpObject::RequestGetApplicationOverrideActive);
     setSetRequest({"setApplicationOverrideActive, can't send SetApplicationOverrideActive",

@@ -5,8 +5,7 @@ namespace communication {
 using objects::PumpObject;
 
 PumpApplicationSpeed::PumpApplicationSpeed(ProtocolObjectContainer& container)
-    : SettableValue(container, PumpObject::ApplicationSpeed, "ApplicationSpeed", {1000, true},
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, PumpObject::ApplicationSpeed, "ApplicationSpeed", {1000, true}) {
     setGetRequest("getApplicationSpeed, can't send GetApplicationSpeed",
                   &PumpObject::RequestGetApplicationSpeed);
     setSetRequest({"setApplicationSpeed, can't send SetApplicationSpeed",

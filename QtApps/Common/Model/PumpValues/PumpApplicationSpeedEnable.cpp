@@ -5,8 +5,7 @@ namespace communication {
 using objects::PumpObject;
 
 PumpApplicationSpeedEnable::PumpApplicationSpeedEnable(ProtocolObjectContainer& container)
-    : SettableValue(container, PumpObject::ApplicationSpeedEnable, "ApplicationSpeedEnable",
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, PumpObject::ApplicationSpeedEnable, "ApplicationSpeedEnable") {
     setGetRequest("getApplicationSpeedEnable, can't send GetApplicationSpeedEnable",
                   &PumpObject::RequestGetApplicationSpeedEnable);
     setSetRequest({"setApplicationSpeedEnable, can't send SetApplicationSpeedEnable",

@@ -5,8 +5,7 @@ namespace communication {
 using objects::PumpObject;
 
 PumpControlInput::PumpControlInput(ProtocolObjectContainer& container)
-    : SettableValue(container, PumpObject::ControlInput, "ControlInput", {1000, true},
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, PumpObject::ControlInput, "ControlInput", {1000, true}) {
     setGetRequest("getControlInput, can't send GetControlInput",
                   &PumpObject::RequestGetControlInput);
     setSetRequest({"setControlInput, can't send SetControlInput",

@@ -12,8 +12,7 @@ class PumpCoverStatus final : public ProxyValue<objects::PumpObject> {
 
 public:
     explicit PumpCoverStatus(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::PumpObject::CoverStatus, "CoverStatus", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::PumpObject::CoverStatus, "CoverStatus", {1000, true}) {
         forward(&objects::PumpObject::updateCoverStatus, &PumpCoverStatus::onUpdateCoverStatus);
     }
 

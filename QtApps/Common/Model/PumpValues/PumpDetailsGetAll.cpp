@@ -6,7 +6,7 @@ using objects::OemDeviceObject;
 using objects::PumpDetails;
 
 PumpDetailsGetAll::PumpDetailsGetAll(ProtocolObjectContainer& container)
-    : ReadableValue(container, OemDeviceObject::Details, "PumpDetails: GetAll", BWL_VALUE_SOURCE) {
+    : ReadableValue(container, OemDeviceObject::Details, "PumpDetails: GetAll") {
     setGetRequest("RequestAll, can't send request", &OemDeviceObject::RequestGetAll);
     forwardResponse(&OemDeviceObject::receivedPumpDetails, &PumpDetailsGetAll::onGetAllResponse);
     connect(&proxy(), &OemDeviceObject::receivedProductDescription, this,

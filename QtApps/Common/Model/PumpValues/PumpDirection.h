@@ -12,8 +12,7 @@ class PumpDirection final : public ProxyValue<objects::PumpObject> {
 
 public:
     explicit PumpDirection(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::PumpObject::Direction, "Direction", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::PumpObject::Direction, "Direction", {1000, true}) {
         forward(&objects::PumpObject::updateDirection, &PumpDirection::onUpdateDirection);
     }
 

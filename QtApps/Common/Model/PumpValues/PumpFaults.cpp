@@ -5,7 +5,7 @@ namespace communication {
 using objects::PumpObject;
 
 PumpFaults::PumpFaults(ProtocolObjectContainer& container)
-    : ProxyValue(container, PumpObject::Faults, "Faults", {1000, true}, BWL_VALUE_SOURCE) {
+    : ProxyValue(container, PumpObject::Faults, "Faults", {1000, true}) {
     qRegisterMetaType<QList<FaultStatus>>("QList<communication::PumpFaults::FaultStatus>");
     forward(&PumpObject::updateFaults, &PumpFaults::onUpdateFaults);
     forward(&PumpObject::ackSetFaultResult, &PumpFaults::onAckSet);

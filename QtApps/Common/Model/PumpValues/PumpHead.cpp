@@ -7,7 +7,7 @@ namespace communication {
 using objects::OemDeviceObject;
 
 PumpHead::PumpHead(ProtocolObjectContainer& container)
-    : SettableValue(container, OemDeviceObject::PumpHead, "PumpHead", BWL_VALUE_SOURCE) {
+    : SettableValue(container, OemDeviceObject::PumpHead, "PumpHead") {
     setGetRequest("get, can't send request", &OemDeviceObject::RequestGetPumpHead);
     setSetRequest({"set, can't send request", "retrySet, can't send request"},
                   [this](const QString& head) { return proxy().RequestSetPumpHead(head); });

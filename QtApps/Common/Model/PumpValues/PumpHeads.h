@@ -12,8 +12,7 @@ class PumpHeads final : public ReadableValue<objects::OemDeviceObject> {
 
 public:
     explicit PumpHeads(ProtocolObjectContainer& container)
-        : ReadableValue(container, objects::OemDeviceObject::PumpHeads, "PumpHeads",
-                        BWL_VALUE_SOURCE) {
+        : ReadableValue(container, objects::OemDeviceObject::PumpHeads, "PumpHeads") {
         setGetRequest("getPumpHeads, can't send request",
                       &objects::OemDeviceObject::RequestGetPumpHeads);
         forwardResponse(&objects::OemDeviceObject::receivedPumpHeads,

@@ -13,7 +13,7 @@ class PumpMaxApplicationSpeed final : public ReadableValue<objects::PumpObject> 
 public:
     explicit PumpMaxApplicationSpeed(ProtocolObjectContainer& container)
         : ReadableValue(container, objects::PumpObject::MaxApplicationSpeed, "MaxApplicationSpeed",
-                        {1000, true}, BWL_VALUE_SOURCE) {
+                        {1000, true}) {
         setGetRequest("getMaxApplicationSpeed, can't send GetMaxApplicationSpeed",
                       &objects::PumpObject::RequestGetMaxApplicationSpeed);
         forwardResponse(&objects::PumpObject::getMaxApplicationSpeedResponse,

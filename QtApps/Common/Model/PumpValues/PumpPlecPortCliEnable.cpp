@@ -5,8 +5,7 @@ namespace communication {
 using objects::OemDeviceObject;
 
 PumpPlecPortCliEnable::PumpPlecPortCliEnable(ProtocolObjectContainer& container)
-    : SettableValue(container, OemDeviceObject::PlecPortCliEnable, "PlecPortCliEnable",
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, OemDeviceObject::PlecPortCliEnable, "PlecPortCliEnable") {
     setGetRequest("getCliEnable, can't send request",
                   &OemDeviceObject::RequestGetPlecPortCliEnable);
     setSetRequest({"setCliEnable, can't send request", "setCliEnable, can't send request"},

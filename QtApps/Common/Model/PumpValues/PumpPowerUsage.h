@@ -12,8 +12,7 @@ class PumpPowerUsage final : public ProxyValue<objects::PumpObject> {
 
 public:
     explicit PumpPowerUsage(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::PumpObject::PowerUsage, "PowerUsage", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::PumpObject::PowerUsage, "PowerUsage", {1000, true}) {
         forward(&objects::PumpObject::updatePowerUsage, &PumpPowerUsage::onUpdatePowerUsage);
     }
 

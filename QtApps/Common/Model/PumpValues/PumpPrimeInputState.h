@@ -13,7 +13,7 @@ class PumpPrimeInputState final : public ProxyValue<objects::PrimeObject> {
 public:
     explicit PumpPrimeInputState(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::PrimeObject::PrimeInputState, "PrimeInputState",
-                     {100, true}, BWL_VALUE_SOURCE) {
+                     {100, true}) {
         forward(&objects::PrimeObject::updatePrimeInputState,
                 &PumpPrimeInputState::onUpdatePrimeInputState, wire::flagFromWire);
     }

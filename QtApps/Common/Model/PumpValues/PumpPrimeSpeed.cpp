@@ -5,8 +5,7 @@ namespace communication {
 using objects::PrimeObject;
 
 PumpPrimeSpeed::PumpPrimeSpeed(ProtocolObjectContainer& container)
-    : SettableValue(container, PrimeObject::PrimeSpeed, "PrimeSpeed", {1000, true},
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, PrimeObject::PrimeSpeed, "PrimeSpeed", {1000, true}) {
     setGetRequest("getPrimeSpeed, can't send GetPrimeSpeed", &PrimeObject::GetPrimeSpeed);
     setSetRequest(
         {"setPrimeSpeed, can't send SetPrimeSpeed", "retrySetPrimeSpeed, can't send SetPrimeSpeed"},

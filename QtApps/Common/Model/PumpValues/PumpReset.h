@@ -13,7 +13,7 @@ class PumpReset final : public ProxyValue<objects::DeviceObject> {
 
 public:
     explicit PumpReset(ProtocolObjectContainer& container)
-        : ProxyValue(container, kAttribute, "Reset", BWL_VALUE_SOURCE) {
+        : ProxyValue(container, kAttribute, "Reset") {
         connect(&proxy(), &objects::DeviceObject::receivedResetAck, this, &PumpReset::onResetAck);
         connect(&proxy(), &objects::DeviceObject::resetTimedOut, this, &PumpReset::onResetTimeout);
         connect(this, &PumpValueBase::retrySetValue, this, &PumpReset::reset);

@@ -18,7 +18,7 @@ QString ShortestText(float value) {
 AnalogCalibrationObject::AnalogCalibrationObject(halyard::protocol::ProtocolInterface& protocol,
                                                  QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool AnalogCalibrationObject::GetCalibration(uint8_t attribute) {
     BWL_LOG_INFO("GetCalibration", QStringLiteral("GetCalibration attr:%1").arg(attribute));

@@ -7,7 +7,7 @@ namespace communication::objects {
 AnalogFilterObject::AnalogFilterObject(halyard::protocol::ProtocolInterface& protocol,
                                        QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool AnalogFilterObject::GetNumSamplesCurrent() {
     return SendEmpty(NumSamplesCurrent, Operation::Get);

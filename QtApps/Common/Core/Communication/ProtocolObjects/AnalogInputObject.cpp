@@ -9,7 +9,7 @@ namespace communication::objects {
 AnalogInputObject::AnalogInputObject(halyard::protocol::ProtocolInterface& protocol,
                                      QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool AnalogInputObject::Subscribe(uint8_t attribute, uint16_t perdiodMs, bool onChange) {
     return IsPublished(attribute) && SendSubscribe(attribute, perdiodMs, onChange);

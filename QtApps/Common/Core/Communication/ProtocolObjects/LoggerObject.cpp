@@ -20,7 +20,7 @@ bool ReadLogEntry(halyard::protocol::PayloadReader& reader, QString& logEntry) {
 
 LoggerObject::LoggerObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool LoggerObject::ClearLog() {
     return SendEmpty(Log, Operation::Reset);

@@ -32,7 +32,7 @@ bool ReadCelerationLimits(PayloadReader& reader, CelerationLimits& limits) {
 
 MotorObject::MotorObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool MotorObject::IsPublished(uint8_t attribute) {
     return attribute == ActualSpeed || attribute == Aligned || attribute == Energised;

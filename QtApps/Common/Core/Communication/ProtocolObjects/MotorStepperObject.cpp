@@ -30,7 +30,7 @@ bool ReadTorqueTargets(halyard::protocol::PayloadReader& reader, QList<float>& t
 MotorStepperObject::MotorStepperObject(halyard::protocol::ProtocolInterface& protocol,
                                        QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool MotorStepperObject::GetTorqueIndex() {
     return SendEmpty(TorqueIndex, Operation::Get);

@@ -48,7 +48,7 @@ bool ReadLinkStatus(PayloadReader& reader, bool& linkConnected, bool& port1Conne
 
 NetworkObject::NetworkObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool NetworkObject::GetAnybusModuleType() {
     return SendEmpty(AnybusModuleType, Operation::Get);

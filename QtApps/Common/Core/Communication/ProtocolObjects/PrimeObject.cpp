@@ -19,7 +19,7 @@ constexpr AnswerSignals<PrimeObject> kAnswers{
 
 PrimeObject::PrimeObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool PrimeObject::GetPrimeInputState() {
     return SendEmpty(PrimeInputState, Operation::Get);

@@ -1,7 +1,5 @@
 #include "ProtocolProxy.h"
 
-#include "QtApps/Common/Logger/Log.h"
-
 namespace communication::objects {
 
 using halyard::protocol::ProtocolMessage;
@@ -26,10 +24,9 @@ MessageKind Classify(const ProtocolMessage& message) {
 }
 
 ProtocolProxy::ProtocolProxy(halyard::protocol::ProtocolInterface& protocol, uint8_t objectId,
-                             uint8_t instance, std::string_view sourcePath)
+                             uint8_t instance)
     : ProtocolBaseObject(protocol)
-    , ProtocolMessageHandler(objectId, instance)
-    , mSourcePath(sourcePath) {
+    , ProtocolMessageHandler(objectId, instance) {
     mRequest.type = Type::Request;
     mRequest.object = objectId;
     mRequest.instance = instance;
@@ -89,15 +86,11 @@ bool ProtocolProxy::SendUnsubscribe(uint8_t attribute) {
 }
 
 void ProtocolProxy::LogReadFailure(const LogSite& site) const {
-    if (site.function != kNotLogged) {
-        logger::write(logger::Level::Warn, mSourcePath, site.line, site.function,
-                      QStringLiteral("Protocol message data read failure"));
-    }
+    logger::write(logger::Level::Warn, site, QStringLiteral("Protocol message data read failure"));
 }
 
 void ProtocolProxy::LogWriteFailure(const LogSite& site) const {
-    logger::write(logger::Level::Warn, mSourcePath, site.line, site.function,
-                  QStringLiteral("Protocol message data write failure"));
+    logger::write(logger::Level::Warn, site, QStringLiteral("Protocol message data write failure"));
 }
 
 } // namespace communication::objects

@@ -2,8 +2,8 @@
 
 #include "Common/Protocol/ProtocolBaseObject.h"
 #include "Common/Protocol/ProtocolMessageHandler.h"
-#include "Common/Protocol/SourcePath.h"
 #include "PayloadFields.h"
+#include "QtApps/Common/Logger/Log.h"
 
 // Every signal type of the proxies, declared before any proxy's meta-object uses it.
 #include "ProtocolObjectMetaTypes.h"
@@ -26,17 +26,9 @@ enum class MessageKind {
 
 MessageKind Classify(const halyard::protocol::ProtocolMessage& message);
 
-/// The function label of a proxy's log line and the line of the proxy's source that gave it: a
-/// label passed as a string literal takes the line of the call (the builtin is GCC's, Clang's
-/// and MSVC's). A null label (kNotLogged) writes no line.
-struct LogSite {
-    LogSite(const char* functionLabel, int sourceLine = __builtin_LINE())
-        : function(functionLabel)
-        , line(sourceLine) {}
-
-    const char* function;
-    int line;
-};
+/// The function label of a proxy's log line; the file and line are those of the code that names
+/// the label. kNotLogged writes no line.
+using LogSite = logger::Site;
 
 inline constexpr const char* kNotLogged = nullptr;
 
@@ -55,9 +47,8 @@ public:
     bool Handle(const ProtocolMessage& message) final;
 
 protected:
-    /// `sourcePath` names the proxy's source file in the log lines written here.
     ProtocolProxy(halyard::protocol::ProtocolInterface& protocol, uint8_t objectId,
-                  uint8_t instance, std::string_view sourcePath);
+                  uint8_t instance);
 
     // The hooks, one per MessageKind. Each returns whether the message was consumed, which the
     // message layer reports as the receive result (Success or Failed).
@@ -146,7 +137,8 @@ protected:
         return true;
     }
 
-    /// The two payload failure lines, under the proxy's own source path; nothing for kNotLogged.
+    /// The two payload failure lines, at the site that names the function; nothing for
+    /// kNotLogged.
     void LogReadFailure(const LogSite& site) const;
     void LogWriteFailure(const LogSite& site) const;
 
@@ -168,7 +160,6 @@ private:
     }
 
     ProtocolMessage mRequest;
-    std::string_view mSourcePath;
 };
 
 } // namespace communication::objects

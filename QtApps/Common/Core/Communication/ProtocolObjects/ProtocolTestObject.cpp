@@ -5,7 +5,7 @@ namespace communication::objects {
 ProtocolTestObject::ProtocolTestObject(halyard::protocol::ProtocolInterface& protocol,
                                        QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 // Nothing is ever requested from the pump's test object, so no answer can belong to us.
 bool ProtocolTestObject::HandleTimeout(const ProtocolMessage& /*message*/) {

@@ -31,7 +31,7 @@ bool ReadControlInput(halyard::protocol::PayloadReader& reader,
 
 PumpObject::PumpObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool PumpObject::IsPublished(uint8_t attribute) {
     switch (attribute) {

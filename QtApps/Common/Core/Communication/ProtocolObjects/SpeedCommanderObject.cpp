@@ -26,7 +26,7 @@ bool ReadProfile(halyard::protocol::PayloadReader& reader, QSpeedRangeProfile& p
 SpeedCommanderObject::SpeedCommanderObject(halyard::protocol::ProtocolInterface& protocol,
                                            QObject* parent)
     : ProtocolObjectSubscribeInterface(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool SpeedCommanderObject::IsSpeedRange(uint8_t attribute) {
     return attribute == CurrentSpeedRange || attribute == VoltageSpeedRange ||

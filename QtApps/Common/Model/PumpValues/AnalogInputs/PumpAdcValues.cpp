@@ -27,8 +27,8 @@ bool PumpAdcValues::isAdcAttribute(uint8_t attribute) {
            attribute <= AnalogInputObject::AdcBusVoltage;
 }
 
-void PumpAdcValues::reportError(const char* function, const QString& text) {
-    BWL_LOG_WARN(function, text);
+void PumpAdcValues::reportError(const logger::Site& site, const QString& text) {
+    logger::write(logger::Level::Warn, site, text);
     emit error(text);
 }
 

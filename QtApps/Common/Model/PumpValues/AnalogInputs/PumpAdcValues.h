@@ -5,6 +5,8 @@
 #include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogInputObject.h"
 
+#include "QtApps/Common/Logger/Log.h"
+
 #include <QObject>
 
 namespace communication {
@@ -40,7 +42,7 @@ private:
         bool onChange = false;
     };
     static bool isAdcAttribute(uint8_t attribute);
-    void reportError(const char* function, const QString& text);
+    void reportError(const logger::Site& site, const QString& text);
 
     objects::AnalogInputObject& mProxy;
     std::array<Subscription, 8> mSubscriptions{};

@@ -20,8 +20,8 @@ PumpAnalogCalibration::PumpAnalogCalibration(ProtocolObjectContainer& container)
             &PumpAnalogCalibration::onGetCalibrationTimeout);
 }
 
-void PumpAnalogCalibration::reportError(const char* function, const QString& text) {
-    BWL_LOG_WARN(function, text);
+void PumpAnalogCalibration::reportError(const logger::Site& site, const QString& text) {
+    logger::write(logger::Level::Warn, site, text);
     emit error(text);
 }
 

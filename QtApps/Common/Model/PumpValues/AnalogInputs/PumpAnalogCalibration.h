@@ -5,6 +5,8 @@
 #include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/AnalogCalibrationObject.h"
 
+#include "QtApps/Common/Logger/Log.h"
+
 #include <QObject>
 
 namespace communication {
@@ -38,7 +40,7 @@ private:
     };
     static constexpr std::size_t kChannelCount = objects::AnalogCalibrationObject::kLastChannel + 1;
 
-    void reportError(const char* function, const QString& text);
+    void reportError(const logger::Site& site, const QString& text);
 
     objects::AnalogCalibrationObject& mProxy;
     std::array<Calibration, kChannelCount> mRequested{};

@@ -27,8 +27,8 @@ public slots:
 
 protected:
     PumpAnalogFilterDataBase(ProtocolObjectContainer& container, uint8_t attribute,
-                             const char* name, ValueSource source)
-        : ProxyValue(container, attribute, name, {30, false}, source) {
+                             const char* name)
+        : ProxyValue(container, attribute, name, {30, false}) {
         connect(&proxy(), &objects::AnalogFilterObject::updateFilterData, this,
                 &PumpAnalogFilterDataBase::onUpdateFilterData);
     }

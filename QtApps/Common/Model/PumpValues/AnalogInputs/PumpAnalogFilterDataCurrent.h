@@ -11,7 +11,7 @@ class PumpAnalogFilterDataCurrent final : public PumpAnalogFilterDataBase {
 public:
     explicit PumpAnalogFilterDataCurrent(ProtocolObjectContainer& container)
         : PumpAnalogFilterDataBase(container, objects::AnalogFilterObject::FilterDataCurrent,
-                                   "FilterDataCurrent", BWL_VALUE_SOURCE) {}
+                                   "FilterDataCurrent") {}
 };
 
 } // namespace communication

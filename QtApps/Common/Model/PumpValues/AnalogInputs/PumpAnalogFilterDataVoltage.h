@@ -11,7 +11,7 @@ class PumpAnalogFilterDataVoltage final : public PumpAnalogFilterDataBase {
 public:
     explicit PumpAnalogFilterDataVoltage(ProtocolObjectContainer& container)
         : PumpAnalogFilterDataBase(container, objects::AnalogFilterObject::FilterDataVoltage,
-                                   "FilterDataVoltage", BWL_VALUE_SOURCE) {}
+                                   "FilterDataVoltage") {}
 };
 
 } // namespace communication

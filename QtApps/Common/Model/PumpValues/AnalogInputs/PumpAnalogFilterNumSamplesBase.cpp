@@ -6,8 +6,8 @@ using objects::AnalogFilterObject;
 
 PumpAnalogFilterNumSamplesBase::PumpAnalogFilterNumSamplesBase(
     ProtocolObjectContainer& container, uint8_t attribute, const char* name, GetRequest getRequest,
-    SetRequest setRequest, RefusedText getRefused, RefusedText setRefused, ValueSource source)
-    : SettableValue(container, attribute, name, source) {
+    SetRequest setRequest, RefusedText getRefused, RefusedText setRefused)
+    : SettableValue(container, attribute, name) {
     setGetRequest(getRefused, getRequest);
     // Setting and re-sending go through onSetNumSamples, so both log as it.
     // A count the pump's 32-bit field cannot hold goes as its largest, which the pump refuses.

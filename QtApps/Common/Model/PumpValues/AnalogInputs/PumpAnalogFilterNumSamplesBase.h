@@ -27,8 +27,7 @@ protected:
 
     PumpAnalogFilterNumSamplesBase(ProtocolObjectContainer& container, uint8_t attribute,
                                    const char* name, GetRequest getRequest, SetRequest setRequest,
-                                   RefusedText getRefused, RefusedText setRefused,
-                                   ValueSource source);
+                                   RefusedText getRefused, RefusedText setRefused);
 };
 
 } // namespace communication

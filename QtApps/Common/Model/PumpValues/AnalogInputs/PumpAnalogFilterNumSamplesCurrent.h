@@ -10,12 +10,12 @@ class PumpAnalogFilterNumSamplesCurrent final : public PumpAnalogFilterNumSample
 
 public:
     explicit PumpAnalogFilterNumSamplesCurrent(ProtocolObjectContainer& container)
-        : PumpAnalogFilterNumSamplesBase(
-              container, objects::AnalogFilterObject::NumSamplesCurrent, "NumSamplesCurrent",
-              &objects::AnalogFilterObject::GetNumSamplesCurrent,
-              &objects::AnalogFilterObject::SetNumSamplesCurrent,
-              "getNumSamples, can't send GetNumSamplesCurrent",
-              "onSetNumSamples, can't send SetNumSamplesCurrent", BWL_VALUE_SOURCE) {}
+        : PumpAnalogFilterNumSamplesBase(container, objects::AnalogFilterObject::NumSamplesCurrent,
+                                         "NumSamplesCurrent",
+                                         &objects::AnalogFilterObject::GetNumSamplesCurrent,
+                                         &objects::AnalogFilterObject::SetNumSamplesCurrent,
+                                         "getNumSamples, can't send GetNumSamplesCurrent",
+                                         "onSetNumSamples, can't send SetNumSamplesCurrent") {}
 };
 
 } // namespace communication

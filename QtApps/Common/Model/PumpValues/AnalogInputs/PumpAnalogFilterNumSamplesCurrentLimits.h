@@ -13,7 +13,7 @@ public:
         : PumpAnalogFilterNumSamplesLimitsBase(
               container, objects::AnalogFilterObject::NumSamplesCurrentLimits,
               "NumSamplesCurrentLimits", &objects::AnalogFilterObject::GetNumSamplesCurrentLimits,
-              "getNumSamplesLimits, can't send GetNumSamplesCurrentLimits", BWL_VALUE_SOURCE) {}
+              "getNumSamplesLimits, can't send GetNumSamplesCurrentLimits") {}
 };
 
 } // namespace communication

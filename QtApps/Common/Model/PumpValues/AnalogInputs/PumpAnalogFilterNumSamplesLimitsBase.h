@@ -26,8 +26,8 @@ protected:
     PumpAnalogFilterNumSamplesLimitsBase(ProtocolObjectContainer& container, uint8_t attribute,
                                          const char* name,
                                          bool (objects::AnalogFilterObject::*getRequest)(),
-                                         RefusedText getRefused, ValueSource source)
-        : ReadableValue(container, attribute, name, source) {
+                                         RefusedText getRefused)
+        : ReadableValue(container, attribute, name) {
         setGetRequest(getRefused, getRequest);
         connect(&proxy(), &objects::AnalogFilterObject::ackGetNumSamplesLimits, this,
                 &PumpAnalogFilterNumSamplesLimitsBase::onGetNumSamplesLimits);

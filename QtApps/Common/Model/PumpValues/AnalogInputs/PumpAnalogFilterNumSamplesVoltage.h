@@ -10,12 +10,12 @@ class PumpAnalogFilterNumSamplesVoltage final : public PumpAnalogFilterNumSample
 
 public:
     explicit PumpAnalogFilterNumSamplesVoltage(ProtocolObjectContainer& container)
-        : PumpAnalogFilterNumSamplesBase(
-              container, objects::AnalogFilterObject::NumSamplesVoltage, "NumSamplesVoltage",
-              &objects::AnalogFilterObject::GetNumSamplesVoltage,
-              &objects::AnalogFilterObject::SetNumSamplesVoltage,
-              "getNumSamples, can't send GetNumSamplesVoltage",
-              "onSetNumSamples, can't send SetNumSamplesVoltage", BWL_VALUE_SOURCE) {}
+        : PumpAnalogFilterNumSamplesBase(container, objects::AnalogFilterObject::NumSamplesVoltage,
+                                         "NumSamplesVoltage",
+                                         &objects::AnalogFilterObject::GetNumSamplesVoltage,
+                                         &objects::AnalogFilterObject::SetNumSamplesVoltage,
+                                         "getNumSamples, can't send GetNumSamplesVoltage",
+                                         "onSetNumSamples, can't send SetNumSamplesVoltage") {}
 };
 
 } // namespace communication

@@ -13,7 +13,7 @@ public:
         : PumpAnalogFilterNumSamplesLimitsBase(
               container, objects::AnalogFilterObject::NumSamplesVoltageLimits,
               "NumSamplesVoltageLimits", &objects::AnalogFilterObject::GetNumSamplesVoltageLimits,
-              "getNumSamplesLimits, can't send GetNumSamplesVoltageLimits", BWL_VALUE_SOURCE) {}
+              "getNumSamplesLimits, can't send GetNumSamplesVoltageLimits") {}
 };
 
 } // namespace communication

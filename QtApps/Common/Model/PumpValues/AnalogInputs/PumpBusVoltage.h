@@ -12,8 +12,8 @@ class PumpBusVoltage final : public ProxyValue<objects::AnalogInputObject> {
 
 public:
     explicit PumpBusVoltage(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::AnalogInputObject::BusVoltage, "BusVoltage", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::AnalogInputObject::BusVoltage, "BusVoltage",
+                     {1000, true}) {
         forward(&objects::AnalogInputObject::updateBusVoltage, &PumpBusVoltage::onUpdateBusVoltage);
     }
 

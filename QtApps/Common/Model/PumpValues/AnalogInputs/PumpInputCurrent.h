@@ -13,7 +13,7 @@ class PumpInputCurrent final : public ProxyValue<objects::AnalogInputObject> {
 public:
     explicit PumpInputCurrent(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::AnalogInputObject::InputCurrent, "InputCurrent",
-                     {1000, true}, BWL_VALUE_SOURCE) {
+                     {1000, true}) {
         forward(&objects::AnalogInputObject::updateInputCurrent,
                 &PumpInputCurrent::onUpdateInputCurrent);
     }

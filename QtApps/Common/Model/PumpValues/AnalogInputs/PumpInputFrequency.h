@@ -13,7 +13,7 @@ class PumpInputFrequency final : public ProxyValue<objects::AnalogInputObject> {
 public:
     explicit PumpInputFrequency(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::AnalogInputObject::Frequency, "InputFrequency",
-                     {1000, true}, BWL_VALUE_SOURCE) {
+                     {1000, true}) {
         forward(&objects::AnalogInputObject::updateFrequency,
                 &PumpInputFrequency::onUpdateInputFrequency);
     }

@@ -13,7 +13,7 @@ class PumpInputVoltage final : public ProxyValue<objects::AnalogInputObject> {
 public:
     explicit PumpInputVoltage(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::AnalogInputObject::InputVoltage, "InputVoltage",
-                     {1000, true}, BWL_VALUE_SOURCE) {
+                     {1000, true}) {
         forward(&objects::AnalogInputObject::updateInputVoltage,
                 &PumpInputVoltage::onUpdateInputVoltage);
     }

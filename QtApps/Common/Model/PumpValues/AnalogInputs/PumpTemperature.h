@@ -13,7 +13,7 @@ class PumpTemperature final : public ProxyValue<objects::AnalogInputObject> {
 public:
     explicit PumpTemperature(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::AnalogInputObject::Temperature, "Temperature",
-                     {1000, true}, BWL_VALUE_SOURCE) {
+                     {1000, true}) {
         forward(&objects::AnalogInputObject::updateTemperature,
                 &PumpTemperature::onUpdateTemperature);
     }

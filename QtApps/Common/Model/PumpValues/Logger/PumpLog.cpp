@@ -5,7 +5,7 @@ namespace communication {
 using objects::LoggerObject;
 
 PumpLog::PumpLog(ProtocolObjectContainer& container)
-    : ProxyValue(container, LoggerObject::Log, "PumpLog", BWL_VALUE_SOURCE)
+    : ProxyValue(container, LoggerObject::Log, "PumpLog")
     , mFirstEntry(container)
     , mNextEntry(container) {
     // Children, so that they move with the log to another thread.

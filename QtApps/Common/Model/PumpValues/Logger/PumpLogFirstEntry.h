@@ -12,9 +12,8 @@ class PumpLogFirstEntry final : public ReadableValue<objects::LoggerObject> {
 
 public:
     explicit PumpLogFirstEntry(ProtocolObjectContainer& container)
-        : ReadableValue(container, objects::LoggerObject::FirstLogEntry, "PumpLogFirstEntry",
-                        BWL_VALUE_SOURCE) {
-        setGetRequest({"GetLogEntry", "getLogEntry, can't send request"},
+        : ReadableValue(container, objects::LoggerObject::FirstLogEntry, "PumpLogFirstEntry") {
+        setGetRequest(RefusedText::withLabel("GetLogEntry", "getLogEntry, can't send request"),
                       &objects::LoggerObject::GetFirstLogEntry);
         forwardResponse(&objects::LoggerObject::getFirstLogEntryResponse,
                         &PumpLogFirstEntry::onGetFirstLogEntryResponse);

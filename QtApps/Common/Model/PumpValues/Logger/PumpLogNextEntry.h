@@ -13,9 +13,8 @@ class PumpLogNextEntry final : public ReadableValue<objects::LoggerObject> {
 
 public:
     explicit PumpLogNextEntry(ProtocolObjectContainer& container)
-        : ReadableValue(container, objects::LoggerObject::NextLogEntry, "PumpLogNextEntry",
-                        BWL_VALUE_SOURCE) {
-        setGetRequest({"GetLogEntry", "getLogEntry, can't send request"},
+        : ReadableValue(container, objects::LoggerObject::NextLogEntry, "PumpLogNextEntry") {
+        setGetRequest(RefusedText::withLabel("GetLogEntry", "getLogEntry, can't send request"),
                       &objects::LoggerObject::GetNextLogEntry);
         forwardResponse(&objects::LoggerObject::getNextLogEntryResponse,
                         &PumpLogNextEntry::onGetNextLogEntryResponse);

@@ -12,8 +12,7 @@ class MotorIsEnergized final : public ProxyValue<objects::MotorObject> {
 
 public:
     explicit MotorIsEnergized(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::MotorObject::Energised, "IsEnergized", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::MotorObject::Energised, "IsEnergized", {1000, true}) {
         forward(&objects::MotorObject::updateIsEnergized, &MotorIsEnergized::onUpdateIsEnergized);
     }
 

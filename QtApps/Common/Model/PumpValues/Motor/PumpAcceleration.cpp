@@ -5,7 +5,7 @@ namespace communication {
 using objects::MotorObject;
 
 PumpAcceleration::PumpAcceleration(ProtocolObjectContainer& container)
-    : SettableValue(container, MotorObject::Acceleration, "Acceleration", BWL_VALUE_SOURCE) {
+    : SettableValue(container, MotorObject::Acceleration, "Acceleration") {
     setGetRequest("getAcceleration, can't send GetAcceleration", &MotorObject::GetAcceleration);
     setSetRequest({"setAcceleration, can't send SetAcceleration",
                    "retrySetAcceleration, can't send SetAcceleration"},

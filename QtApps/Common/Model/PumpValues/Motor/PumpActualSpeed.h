@@ -13,8 +13,7 @@ class PumpActualSpeed final : public ProxyValue<objects::MotorObject> {
 
 public:
     explicit PumpActualSpeed(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::MotorObject::ActualSpeed, "ActualSpeed", {100, false},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::MotorObject::ActualSpeed, "ActualSpeed", {100, false}) {
         forward(&objects::MotorObject::updateActualSpeed, &PumpActualSpeed::onUpdateActualSpeed);
     }
 

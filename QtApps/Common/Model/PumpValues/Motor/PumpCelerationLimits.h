@@ -12,8 +12,7 @@ class PumpCelerationLimits final : public ReadableValue<objects::MotorObject> {
 
 public:
     explicit PumpCelerationLimits(ProtocolObjectContainer& container)
-        : ReadableValue(container, objects::MotorObject::CelerationLimits, "CelerationLimits",
-                        BWL_VALUE_SOURCE) {
+        : ReadableValue(container, objects::MotorObject::CelerationLimits, "CelerationLimits") {
         setGetRequest("getLimits, can't send request", &objects::MotorObject::GetCelerationLimits);
         forwardResponse(&objects::MotorObject::getCelerationLimitsResponse,
                         &PumpCelerationLimits::onGetCelerationLimitsResponse);

@@ -5,7 +5,7 @@ namespace communication {
 using objects::MotorObject;
 
 PumpDeceleration::PumpDeceleration(ProtocolObjectContainer& container)
-    : SettableValue(container, MotorObject::Deceleration, "Deceleration", BWL_VALUE_SOURCE) {
+    : SettableValue(container, MotorObject::Deceleration, "Deceleration") {
     setGetRequest("getDeceleration, can't send GetDeceleration", &MotorObject::GetDeceleration);
     setSetRequest({"setDeceleration, can't send SetDeceleration",
                    "retrySetDeceleration, can't send SetDeceleration"},

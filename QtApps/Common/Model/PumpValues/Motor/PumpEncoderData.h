@@ -12,8 +12,7 @@ class PumpEncoderData final : public ReadableValue<objects::MotorObject> {
 
 public:
     explicit PumpEncoderData(ProtocolObjectContainer& container)
-        : ReadableValue(container, objects::MotorObject::EncoderData, "EncoderData", {0, false},
-                        BWL_VALUE_SOURCE) {
+        : ReadableValue(container, objects::MotorObject::EncoderData, "EncoderData", {0, false}) {
         setGetRequest("getEncoderData, can't sent request.", &objects::MotorObject::GetEncoderData);
         forwardResponse(&objects::MotorObject::getEncoderDataResponse,
                         &PumpEncoderData::onGetEncoderDataResult);

@@ -12,8 +12,7 @@ class PumpIsAligned final : public ProxyValue<objects::MotorObject> {
 
 public:
     explicit PumpIsAligned(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::MotorObject::Aligned, "IsAligned", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::MotorObject::Aligned, "IsAligned", {1000, true}) {
         forward(&objects::MotorObject::updateIsAligned, &PumpIsAligned::onUpdateIsAligned);
     }
 

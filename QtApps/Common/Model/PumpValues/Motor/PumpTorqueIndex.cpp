@@ -5,7 +5,7 @@ namespace communication {
 using objects::MotorStepperObject;
 
 PumpTorqueIndex::PumpTorqueIndex(ProtocolObjectContainer& container)
-    : SettableValue(container, MotorStepperObject::TorqueIndex, "TorqueIndex", BWL_VALUE_SOURCE)
+    : SettableValue(container, MotorStepperObject::TorqueIndex, "TorqueIndex")
     , mReset(container) {
     // A child, so that it moves with this value to another thread.
     mReset.setParent(this);

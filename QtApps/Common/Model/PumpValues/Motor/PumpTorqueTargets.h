@@ -12,8 +12,7 @@ class PumpTorqueTargets final : public ReadableValue<objects::MotorStepperObject
 
 public:
     explicit PumpTorqueTargets(ProtocolObjectContainer& container)
-        : ReadableValue(container, objects::MotorStepperObject::TorqueTargets, "TorqueTargets",
-                        BWL_VALUE_SOURCE) {
+        : ReadableValue(container, objects::MotorStepperObject::TorqueTargets, "TorqueTargets") {
         setGetRequest("getTorqueTargets, can't send GetTorqueTargets",
                       &objects::MotorStepperObject::GetTorqueTargets);
         forwardResponse(&objects::MotorStepperObject::getTorqueTargetsResponse,

@@ -13,7 +13,7 @@ class PumpNetworkAnybusModule final : public ReadableValue<objects::NetworkObjec
 public:
     explicit PumpNetworkAnybusModule(ProtocolObjectContainer& container)
         : ReadableValue(container, objects::NetworkObject::AnybusModuleType, "AnybusModule",
-                        {0, false}, BWL_VALUE_SOURCE) {
+                        {0, false}) {
         setGetRequest("getAnybusModule, can't sent request.",
                       &objects::NetworkObject::GetAnybusModuleType);
         forwardResponse(&objects::NetworkObject::getAnybusModuleResult,

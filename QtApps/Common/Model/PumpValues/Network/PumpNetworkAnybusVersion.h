@@ -13,7 +13,7 @@ class PumpNetworkAnybusVersion final : public ReadableValue<objects::NetworkObje
 public:
     explicit PumpNetworkAnybusVersion(ProtocolObjectContainer& container)
         : ReadableValue(container, objects::NetworkObject::AnybusVersion, "AnybusVersion",
-                        {0, false}, BWL_VALUE_SOURCE) {
+                        {0, false}) {
         setGetRequest("getAnybusVersion, can't sent request.",
                       &objects::NetworkObject::GetAnybusVersion);
         forwardResponse(&objects::NetworkObject::getAnybusVersionResult,

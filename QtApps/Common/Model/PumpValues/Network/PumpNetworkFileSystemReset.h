@@ -12,8 +12,7 @@ class PumpNetworkFileSystemReset final : public ProxyValue<objects::NetworkObjec
 
 public:
     explicit PumpNetworkFileSystemReset(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::NetworkObject::FileSystem, "FileSystem", {0, false},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::NetworkObject::FileSystem, "FileSystem", {0, false}) {
         connect(&proxy(), &objects::NetworkObject::ackReset, this, [this](uint8_t attribute) {
             if (attribute == this->attribute()) {
                 onResetFileSystemSuccess();

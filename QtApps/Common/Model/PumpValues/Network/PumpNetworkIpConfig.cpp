@@ -7,8 +7,7 @@ namespace communication {
 using objects::NetworkObject;
 
 PumpNetworkIpConfig::PumpNetworkIpConfig(ProtocolObjectContainer& container)
-    : SettableValue(container, NetworkObject::IpConfig, "IpConfig", {1000, true},
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, NetworkObject::IpConfig, "IpConfig", {1000, true}) {
     setGetRequest("get, unable to send request", &NetworkObject::GetIpConfig);
     setSetRequest({"set, unable to send request", "retrySet, unable to send request"},
                   [this](const IpSettings& settings) {

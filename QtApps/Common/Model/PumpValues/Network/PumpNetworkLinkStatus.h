@@ -12,8 +12,7 @@ class PumpNetworkLinkStatus final : public ProxyValue<objects::NetworkObject> {
 
 public:
     explicit PumpNetworkLinkStatus(ProtocolObjectContainer& container)
-        : ProxyValue(container, objects::NetworkObject::LinkStatus, "LinkStatus", {1000, true},
-                     BWL_VALUE_SOURCE) {
+        : ProxyValue(container, objects::NetworkObject::LinkStatus, "LinkStatus", {1000, true}) {
         forward(&objects::NetworkObject::updateLinkStatus,
                 &PumpNetworkLinkStatus::onUpdateLinkStatus);
     }

@@ -7,8 +7,7 @@ namespace communication {
 using objects::NetworkObject;
 
 PumpNetworkMacAddress::PumpNetworkMacAddress(ProtocolObjectContainer& container)
-    : ReadableValue(container, NetworkObject::MacAddress, "MacAddress", {0, false},
-                    BWL_VALUE_SOURCE) {
+    : ReadableValue(container, NetworkObject::MacAddress, "MacAddress", {0, false}) {
     setGetRequest("getMacAddress, can't sent request.", &NetworkObject::GetMacAddress);
     forwardResponse(&NetworkObject::getMacAddressResult,
                     &PumpNetworkMacAddress::onGetMacAddressResult);

@@ -11,7 +11,7 @@ class PumpCurrentHysteresis final : public PumpHysteresisBase {
 public:
     explicit PumpCurrentHysteresis(ProtocolObjectContainer& container)
         : PumpHysteresisBase(container, 4, "CurrentHysteresis",
-                             objects::SpeedCommanderObject::CurrentSpeedRange, BWL_VALUE_SOURCE) {}
+                             objects::SpeedCommanderObject::CurrentSpeedRange) {}
 };
 
 } // namespace communication

@@ -11,7 +11,7 @@ class PumpCurrentSpeedRange final : public PumpSpeedRangeBase {
 public:
     explicit PumpCurrentSpeedRange(ProtocolObjectContainer& container)
         : PumpSpeedRangeBase(container, objects::SpeedCommanderObject::CurrentSpeedRange,
-                             "CurrentSpeedRange", BWL_VALUE_SOURCE) {
+                             "CurrentSpeedRange") {
         forwardResponse(&objects::SpeedCommanderObject::getCurrentSpeedRangeResponse,
                         &PumpCurrentSpeedRange::getSpeedRangeResponse);
     }

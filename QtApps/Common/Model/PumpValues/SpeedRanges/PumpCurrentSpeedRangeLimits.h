@@ -12,7 +12,7 @@ public:
     explicit PumpCurrentSpeedRangeLimits(ProtocolObjectContainer& container)
         : PumpSpeedRangeLimitsBase(container,
                                    objects::SpeedCommanderObject::CurrentSpeedRangeLimits,
-                                   "CurrentSpeedRangeLimits", BWL_VALUE_SOURCE) {
+                                   "CurrentSpeedRangeLimits") {
         forwardResponse(&objects::SpeedCommanderObject::getCurrentSpeedRangeLimitsResponse,
                         &PumpCurrentSpeedRangeLimits::getSpeedRangeLimitsResponse);
     }

@@ -13,7 +13,7 @@ class PumpCurrentTargetSpeed final : public ProxyValue<objects::SpeedCommanderOb
 public:
     explicit PumpCurrentTargetSpeed(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::SpeedCommanderObject::CurrentTargetSpeed,
-                     "CurrentTargetSpeed", {1000, true}, BWL_VALUE_SOURCE) {
+                     "CurrentTargetSpeed", {1000, true}) {
         forward(&objects::SpeedCommanderObject::updateCurrentTargetSpeed,
                 &PumpCurrentTargetSpeed::onUpdateCurrentTargetSpeed);
     }

@@ -13,7 +13,7 @@ class PumpEnableLineAsserted final : public ProxyValue<objects::SpeedCommanderOb
 public:
     explicit PumpEnableLineAsserted(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::SpeedCommanderObject::EnableLineAsserted,
-                     "EnableLineAsserted", {1000, true}, BWL_VALUE_SOURCE) {
+                     "EnableLineAsserted", {1000, true}) {
         forward(&objects::SpeedCommanderObject::updateEnableLineAsserted,
                 &PumpEnableLineAsserted::onUpdateEnableLineAsserted);
     }

@@ -5,8 +5,7 @@ namespace communication {
 using objects::SpeedCommanderObject;
 
 PumpEnableLineSpeed::PumpEnableLineSpeed(ProtocolObjectContainer& container)
-    : SettableValue(container, SpeedCommanderObject::EnableLineSpeed, "EnableLineSpeed",
-                    BWL_VALUE_SOURCE) {
+    : SettableValue(container, SpeedCommanderObject::EnableLineSpeed, "EnableLineSpeed") {
     setGetRequest("getEnableLineSpeed, can't send request",
                   [this] { return proxy().Get(attribute()); });
     setSetRequest(

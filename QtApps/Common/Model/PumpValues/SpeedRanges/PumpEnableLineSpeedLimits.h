@@ -13,7 +13,7 @@ class PumpEnableLineSpeedLimits final : public ReadableValue<objects::SpeedComma
 public:
     explicit PumpEnableLineSpeedLimits(ProtocolObjectContainer& container)
         : ReadableValue(container, objects::SpeedCommanderObject::EnableLineSpeedLimits,
-                        "EnableLineSpeedLimits", BWL_VALUE_SOURCE) {
+                        "EnableLineSpeedLimits") {
         setGetRequest("getEnableLineSpeedLimits, can't send request",
                       [this] { return proxy().Get(attribute()); });
         forwardResponse(&objects::SpeedCommanderObject::getEnableLineSpeedLimitsResponse,

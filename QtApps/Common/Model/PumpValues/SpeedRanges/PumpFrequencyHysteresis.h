@@ -11,8 +11,7 @@ class PumpFrequencyHysteresis final : public PumpHysteresisBase {
 public:
     explicit PumpFrequencyHysteresis(ProtocolObjectContainer& container)
         : PumpHysteresisBase(container, 15, "FrequencyHysteresis",
-                             objects::SpeedCommanderObject::FrequencySpeedRange, BWL_VALUE_SOURCE) {
-    }
+                             objects::SpeedCommanderObject::FrequencySpeedRange) {}
 };
 
 } // namespace communication

@@ -11,7 +11,7 @@ class PumpFrequencySpeedRange final : public PumpSpeedRangeBase {
 public:
     explicit PumpFrequencySpeedRange(ProtocolObjectContainer& container)
         : PumpSpeedRangeBase(container, objects::SpeedCommanderObject::FrequencySpeedRange,
-                             "FrequencySpeedRange", BWL_VALUE_SOURCE) {
+                             "FrequencySpeedRange") {
         forwardResponse(&objects::SpeedCommanderObject::getFrequencySpeedRangeResponse,
                         &PumpFrequencySpeedRange::getSpeedRangeResponse);
     }

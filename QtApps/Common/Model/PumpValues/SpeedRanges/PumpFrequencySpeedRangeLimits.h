@@ -12,7 +12,7 @@ public:
     explicit PumpFrequencySpeedRangeLimits(ProtocolObjectContainer& container)
         : PumpSpeedRangeLimitsBase(container,
                                    objects::SpeedCommanderObject::FrequencySpeedRangeLimits,
-                                   "FrequencySpeedRangeLimits", BWL_VALUE_SOURCE) {
+                                   "FrequencySpeedRangeLimits") {
         forwardResponse(&objects::SpeedCommanderObject::getFrequencySpeedRangeLimitsResponse,
                         &PumpFrequencySpeedRangeLimits::getSpeedRangeLimitsResponse);
     }

@@ -13,7 +13,7 @@ class PumpFrequencyTargetSpeed final : public ProxyValue<objects::SpeedCommander
 public:
     explicit PumpFrequencyTargetSpeed(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::SpeedCommanderObject::FrequencyTargetSpeed,
-                     "FrequencyTargetSpeed", {1000, true}, BWL_VALUE_SOURCE) {
+                     "FrequencyTargetSpeed", {1000, true}) {
         forward(&objects::SpeedCommanderObject::updateFrequencyTargetSpeed,
                 &PumpFrequencyTargetSpeed::onUpdateFrequencyTargetSpeed);
     }

@@ -21,8 +21,8 @@ private slots:
 
 protected:
     PumpHysteresisBase(ProtocolObjectContainer& container, uint8_t attribute, const char* name,
-                       uint8_t speedRangeAttribute, ValueSource source)
-        : SettableValue(container, attribute, name, source) {
+                       uint8_t speedRangeAttribute)
+        : SettableValue(container, attribute, name) {
         setGetRequest("readSpeedRange, can't send request",
                       [this, speedRangeAttribute] { return proxy().Get(speedRangeAttribute); });
         setSetRequest(

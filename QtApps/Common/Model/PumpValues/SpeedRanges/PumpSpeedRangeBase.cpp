@@ -6,8 +6,8 @@ using objects::QSpeedRangeProfile;
 using objects::SpeedCommanderObject;
 
 PumpSpeedRangeBase::PumpSpeedRangeBase(ProtocolObjectContainer& container, uint8_t attribute,
-                                       const char* name, ValueSource source)
-    : SettableValue(container, attribute, name, source) {
+                                       const char* name)
+    : SettableValue(container, attribute, name) {
     setGetRequest("getSpeedRange, can't send request",
                   [this] { return proxy().Get(this->attribute()); });
     setSetRequest({"setSpeedRange, can't send request", "retrySetSpeedRange, can't send request"},

@@ -26,8 +26,7 @@ private slots:
     void retrySetSpeedRange() { retrySet(); }
 
 protected:
-    PumpSpeedRangeBase(ProtocolObjectContainer& container, uint8_t attribute, const char* name,
-                       ValueSource source);
+    PumpSpeedRangeBase(ProtocolObjectContainer& container, uint8_t attribute, const char* name);
 };
 
 } // namespace communication

@@ -19,8 +19,8 @@ public slots:
 
 protected:
     PumpSpeedRangeLimitsBase(ProtocolObjectContainer& container, uint8_t attribute,
-                             const char* name, ValueSource source)
-        : ReadableValue(container, attribute, name, source) {
+                             const char* name)
+        : ReadableValue(container, attribute, name) {
         setGetRequest("getSpeedRangeLimits, can't send request",
                       [this] { return proxy().Get(this->attribute()); });
     }

@@ -11,7 +11,7 @@ class PumpVoltageHysteresis final : public PumpHysteresisBase {
 public:
     explicit PumpVoltageHysteresis(ProtocolObjectContainer& container)
         : PumpHysteresisBase(container, 8, "VoltageHysteresis",
-                             objects::SpeedCommanderObject::VoltageSpeedRange, BWL_VALUE_SOURCE) {}
+                             objects::SpeedCommanderObject::VoltageSpeedRange) {}
 };
 
 } // namespace communication

@@ -11,7 +11,7 @@ class PumpVoltageSpeedRange final : public PumpSpeedRangeBase {
 public:
     explicit PumpVoltageSpeedRange(ProtocolObjectContainer& container)
         : PumpSpeedRangeBase(container, objects::SpeedCommanderObject::VoltageSpeedRange,
-                             "VoltageSpeedRange", BWL_VALUE_SOURCE) {
+                             "VoltageSpeedRange") {
         forwardResponse(&objects::SpeedCommanderObject::getVoltageSpeedRangeResponse,
                         &PumpVoltageSpeedRange::getSpeedRangeResponse);
     }

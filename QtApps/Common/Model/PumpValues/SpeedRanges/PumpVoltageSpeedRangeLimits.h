@@ -12,7 +12,7 @@ public:
     explicit PumpVoltageSpeedRangeLimits(ProtocolObjectContainer& container)
         : PumpSpeedRangeLimitsBase(container,
                                    objects::SpeedCommanderObject::VoltageSpeedRangeLimits,
-                                   "VoltageSpeedRangeLimits", BWL_VALUE_SOURCE) {
+                                   "VoltageSpeedRangeLimits") {
         forwardResponse(&objects::SpeedCommanderObject::getVoltageSpeedRangeLimitsResponse,
                         &PumpVoltageSpeedRangeLimits::getSpeedRangeLimitsResponse);
     }

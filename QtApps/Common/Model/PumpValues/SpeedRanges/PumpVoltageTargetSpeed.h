@@ -13,7 +13,7 @@ class PumpVoltageTargetSpeed final : public ProxyValue<objects::SpeedCommanderOb
 public:
     explicit PumpVoltageTargetSpeed(ProtocolObjectContainer& container)
         : ProxyValue(container, objects::SpeedCommanderObject::VoltageTargetSpeed,
-                     "VoltageTargetSpeed", {1000, true}, BWL_VALUE_SOURCE) {
+                     "VoltageTargetSpeed", {1000, true}) {
         forward(&objects::SpeedCommanderObject::updateVoltageTargetSpeed,
                 &PumpVoltageTargetSpeed::onUpdateVoltageTargetSpeed);
     }

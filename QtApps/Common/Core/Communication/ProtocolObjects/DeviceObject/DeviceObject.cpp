@@ -14,7 +14,7 @@ bool ReadDeviceDetails(halyard::protocol::PayloadReader& reader, DeviceDetails& 
 
 DeviceObject::DeviceObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool DeviceObject::RequestGetAll() {
     return SendEmpty(0, Operation::GetAll);

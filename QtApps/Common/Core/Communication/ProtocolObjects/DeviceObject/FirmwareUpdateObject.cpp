@@ -24,7 +24,7 @@ const char* StageLogText(uint8_t stage) {
 FirmwareUpdateObject::FirmwareUpdateObject(halyard::protocol::ProtocolInterface& protocol,
                                            QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 bool FirmwareUpdateObject::RequestStart(uint8_t bank, uint32_t imageSize, uint32_t imageCrc32) {
     return SendControl("RequestStart", Operation::Start, bank, imageSize, imageCrc32);

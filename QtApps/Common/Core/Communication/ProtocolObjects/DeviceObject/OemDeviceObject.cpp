@@ -49,7 +49,7 @@ bool ReadPumpHeads(PayloadReader& reader, QList<QPumpHeadParameterTypes>& heads)
 
 OemDeviceObject::OemDeviceObject(halyard::protocol::ProtocolInterface& protocol, QObject* parent)
     : QObject(parent)
-    , ProtocolProxy(protocol, kObjectId, kInstance, halyard::SourcePath(__FILE__)) {}
+    , ProtocolProxy(protocol, kObjectId, kInstance) {}
 
 ProtocolProxy::ProtocolMessage OemDeviceObject::FreshRequest(uint8_t attribute,
                                                              Operation operation) const {
