@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The whole test suite, from a fresh Debian 12 machine: installs dependencies, builds with
-# warnings as errors, runs every test, runs the Qt-free tests again under address and
+# warnings as errors, lints (clang-format, clang-tidy, qmllint), runs every test, runs the Qt-free tests again under address and
 # undefined-behaviour sanitizers, then runs each fuzz target for a bounded time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -21,6 +21,9 @@ chmod 700 "$XDG_RUNTIME_DIR"
 section "build"
 cmake --preset default
 cmake --build --preset default -j "$JOBS"
+
+section "lint"
+bash tools/lint.sh build/default
 
 section "tests"
 ctest --preset default -j "$JOBS" --timeout 300

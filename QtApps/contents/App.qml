@@ -16,7 +16,8 @@ ApplicationWindow {
     height: BwSpacing.appMinHeight
     minimumWidth: BwSpacing.appMinWidth
     minimumHeight: BwSpacing.appMinHeight
-    title: Qt.application.displayName
+    // The display name the start-up gives the application: "Brackwater Link (V1.16.1)".
+    title: qsTr("%1 (V%2)").arg(Qt.application.name).arg(Qt.application.version)
     color: BwColours.background
 
     StartUp {

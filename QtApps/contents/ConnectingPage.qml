@@ -65,11 +65,11 @@ Rectangle {
         color: BwColours.text
         opacity: 0
 
-        SequentialAnimation on opacity {
+        SequentialAnimation {
             running: page.animating
             loops: Animation.Infinite
-            NumberAnimation { from: 0; to: 1; duration: page.duration / 2 }
-            NumberAnimation { from: 1; to: 0; duration: page.duration / 2 }
+            NumberAnimation { target: connectingText; property: "opacity"; from: 0; to: 1; duration: page.duration / 2 }
+            NumberAnimation { target: connectingText; property: "opacity"; from: 1; to: 0; duration: page.duration / 2 }
             PauseAnimation { duration: page.duration * 2 }
         }
     }

@@ -26,7 +26,7 @@ Item {
     function enterState() {
         pageDelay.stop()
         if (state === "connected") {
-            stack.push(connectedPage)
+            stack.push(connectedPage, { pumpAppVersion: Qt.binding(() => startUp.pumpAppVersion) })
             pageDelay.next = mainPage
         } else {
             stack.clear(StackView.Immediate)
@@ -40,7 +40,10 @@ Item {
         id: pageDelay
         property Component next
         interval: BwSpacing.connectingAnimationDuration
-        onTriggered: stack.push(next)
+        onTriggered: stack.push(next, next === mainPage
+                                ? { appVersion: Qt.binding(() => startUp.appVersion),
+                                    pumpAppVersion: Qt.binding(() => startUp.pumpAppVersion) }
+                                : {})
     }
 
     StackView {
@@ -76,15 +79,12 @@ Item {
         id: connectedPage
         ConnectedPage {
             objectName: "connectedPage"
-            pumpAppVersion: startUp.pumpAppVersion
         }
     }
     Component {
         id: mainPage
         MainScreen {
             objectName: "mainScreen"
-            appVersion: startUp.appVersion
-            pumpAppVersion: startUp.pumpAppVersion
         }
     }
 }

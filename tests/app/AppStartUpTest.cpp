@@ -4,16 +4,8 @@
 #include "tests/support/PumpLine.h"
 
 #include <QQmlApplicationEngine>
-#include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 #include <QTest>
-
-Q_IMPORT_QML_PLUGIN(contentsPlugin)
-Q_IMPORT_QML_PLUGIN(BwConstantsPlugin)
-Q_IMPORT_QML_PLUGIN(BwLibPlugin)
-Q_IMPORT_QML_PLUGIN(BwControlsPlugin)
-Q_IMPORT_QML_PLUGIN(BwResources_PumpHeadPlugin)
-Q_IMPORT_QML_PLUGIN(BwUIPlugin)
 
 using halyard::protocol::ProtocolMessage;
 using halyard::protocol::message::Operation;

@@ -32,6 +32,8 @@ PumpSimulator::PumpSimulator(const SimulatorOptions& options, QObject* parent)
     connect(&mTickTimer, &QTimer::timeout, this, &PumpSimulator::tick);
     mSilenceWatch.setInterval(50);
     connect(&mSilenceWatch, &QTimer::timeout, this, &PumpSimulator::checkSilence);
+    mUnplugTimer.setSingleShot(true);
+    connect(&mUnplugTimer, &QTimer::timeout, this, &PumpSimulator::unplug);
     connect(&mLink, &PumpLink::frameReceived, this, [this]() { mSinceLastFrame.restart(); });
     connect(&mLine, &SerialLine::lost, this, [this](const QString& reason) {
         qWarning("Line lost: %s", qPrintable(reason));
@@ -90,7 +92,7 @@ bool PumpSimulator::start(QString& portName, QString& error) {
     mTickTimer.start();
     mSilenceWatch.start();
     if (mOptions.unplugAfterMs >= 0) {
-        QTimer::singleShot(mOptions.unplugAfterMs, this, &PumpSimulator::unplug);
+        mUnplugTimer.start(mOptions.unplugAfterMs);
     }
     return true;
 }

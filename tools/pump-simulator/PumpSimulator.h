@@ -78,6 +78,7 @@ private:
     QElapsedTimer mTickClock;
     qint64 mLastTickNs = 0;
     QTimer mSilenceWatch;
+    QTimer mUnplugTimer; // --unplug-after
     QElapsedTimer mSinceLastFrame;
     bool mSessionActive = false;
     int mSilenceLimitMs = 0;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "QmlSingleton.h"
+
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 namespace communication {
 
@@ -10,8 +13,10 @@ class PumpSession;
 /// The connection state for the screens ("cpp.PumpSessionController"). The window emits
 /// `startScanning()` once it exists and `disconnectPump()` while it closes; both reach the pump
 /// session on the comms thread as queued calls. The session's reports come back the same way.
-class PumpSessionController final : public QObject {
+class PumpSessionController final : public QObject, public QmlSingleton<PumpSessionController> {
     Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
     Q_PROPERTY(bool pumpConnected READ pumpConnected NOTIFY connectedStatusChanged)
     Q_PROPERTY(QString sessionStatus READ sessionStatus NOTIFY sessionStatusChanged)
 

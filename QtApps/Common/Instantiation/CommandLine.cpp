@@ -33,7 +33,7 @@ QStringList PortsFromCommandLine(const QCoreApplication& application) {
     parser.addOption(port);
     parser.process(application);
 
-    const QStringList named = parser.values(port);
+    QStringList named = parser.values(port);
     if (!named.isEmpty()) {
         return named;
     }

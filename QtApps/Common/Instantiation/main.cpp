@@ -8,16 +8,8 @@
 #include <QApplication>
 #include <QIcon>
 #include <QQmlApplicationEngine>
-#include <QQmlExtensionPlugin>
 #include <QThread>
 #include <QUrl>
-
-Q_IMPORT_QML_PLUGIN(contentsPlugin)
-Q_IMPORT_QML_PLUGIN(BwConstantsPlugin)
-Q_IMPORT_QML_PLUGIN(BwLibPlugin)
-Q_IMPORT_QML_PLUGIN(BwControlsPlugin)
-Q_IMPORT_QML_PLUGIN(BwResources_PumpHeadPlugin)
-Q_IMPORT_QML_PLUGIN(BwUIPlugin)
 
 namespace {
 constexpr const char* kApplicationName = "Brackwater Link";

@@ -18,7 +18,7 @@ namespace logger {
 
 namespace {
 
-constexpr std::size_t kMaxFileBytes = 1024 * 1024;
+constexpr std::size_t kMaxFileBytes = std::size_t{1024} * 1024;
 constexpr int kBackups = 3;
 
 void QtMessageToLog(QtMsgType type, const QMessageLogContext& context, const QString& message) {

@@ -11,9 +11,9 @@ namespace communication {
 using objects::ProtocolObject;
 
 namespace {
-const QString kConnected = QStringLiteral("Connected.");
-const QString kDisconnected = QStringLiteral("Disconnected.");
-const QString kScanning = QStringLiteral("Scanning...");
+constexpr QLatin1String kConnected("Connected.");
+constexpr QLatin1String kDisconnected("Disconnected.");
+constexpr QLatin1String kScanning("Scanning...");
 } // namespace
 
 PumpSession::PumpSession(ProtocolCommsInterface& comms, QStringList portNames, QObject* parent)
@@ -69,7 +69,7 @@ void PumpSession::CheckNextPort() {
         return;
     }
     const auto count = static_cast<quint32>(ports.size());
-    const QString port = ports.at(static_cast<qsizetype>(mPortIndex % count));
+    const QString& port = ports.at(static_cast<qsizetype>(mPortIndex % count));
     ++mPortIndex;
     if (!mComms.openPort(port)) {
         return;
@@ -242,7 +242,7 @@ void PumpSession::protocolErrorHandler(halyard::protocol::message::Status status
                      .arg(QString::fromLatin1(halyard::protocol::message::StatusName(status))));
 }
 
-void PumpSession::transportErrorHandler(QString error) {
+void PumpSession::transportErrorHandler(const QString& error) {
     BWL_LOG_INFO("transportErrorHandler", QStringLiteral("Transport error:%1").arg(error));
 }
 

@@ -60,7 +60,7 @@ public slots:
     void protocolObject_sessionStopTimeout();
     void protocolObject_keepAliveTimeout();
     void protocolErrorHandler(halyard::protocol::message::Status status);
-    void transportErrorHandler(QString error);
+    void transportErrorHandler(const QString& error);
 
 private slots:
     void CheckNextPort();

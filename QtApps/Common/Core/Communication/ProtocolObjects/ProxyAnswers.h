@@ -45,13 +45,13 @@ void RaiseTimeoutSignal(Proxy& proxy, const halyard::protocol::ProtocolMessage& 
         RaiseIfSet(proxy, answers.setTimeout, message.attribute);
         break;
     case Operation::Sub:
-        if constexpr (kPublishes<Proxy>) {
-            emit proxy.subscribeTimeout(message.attribute);
-        }
-        break;
     case Operation::Unsub:
         if constexpr (kPublishes<Proxy>) {
-            emit proxy.unsubscribeTimeout(message.attribute);
+            if (message.operation == Operation::Sub) {
+                emit proxy.subscribeTimeout(message.attribute);
+            } else {
+                emit proxy.unsubscribeTimeout(message.attribute);
+            }
         }
         break;
     default:
