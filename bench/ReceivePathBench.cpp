@@ -3,6 +3,7 @@
 #include "Common/Protocol/MessageCodec.h"
 #include "Common/Protocol/Protocol.h"
 #include "Common/Protocol/ProtocolRequestLog.h"
+#include "Common/Protocol/ReceiveStream.h"
 
 #include <benchmark/benchmark.h>
 
@@ -58,11 +59,11 @@ void BM_ReceivePath(benchmark::State& state) {
     std::array<std::uint8_t, kBufferSize> decoded{};
 
     for (auto _ : state) {
-        rig.transport.DataIn(frame.data(), frame.size());
-        std::int32_t decodedLength = 0;
-        while ((decodedLength = rig.transport.Decode(decoded.data(), decoded.size())) != 0) {
-            benchmark::DoNotOptimize(protocol.ReceiveBytes(decoded.data(), decodedLength));
-        }
+        ReceiveStream(rig.transport, frame.data(), frame.size(), decoded.data(), decoded.size(),
+                      [&](std::int32_t decodedLength) {
+                          benchmark::DoNotOptimize(
+                              protocol.ReceiveBytes(decoded.data(), decodedLength));
+                      });
     }
     if (sink.handled != state.iterations()) {
         state.SkipWithError("not every frame reached its handler");
