@@ -12,6 +12,9 @@ add_library(bwl_qml_plugins INTERFACE)
 # qmllint of every module; the application depends on it, so a screen that names a property,
 # type or singleton member that does not exist fails the build.
 add_custom_target(bwl_qml_lint)
+# Every module built, its files in the output folder: what a module's qmllint reads, its own and
+# those it imports.
+add_custom_target(bwl_qml_modules)
 
 # bwl_add_qml_module(<target> URI <uri> [QML_FILES <files>...] [SINGLETONS <files>...]
 #                    [SOURCES <files>...] [RESOURCES <files>...] [LIBRARIES <targets>...])
@@ -57,7 +60,9 @@ function(bwl_add_qml_module target)
          "#include <QtQml/qqmlextensionplugin.h>\nQ_IMPORT_QML_PLUGIN(${class_stem}Plugin)\n")
     target_sources(bwl_qml_plugins INTERFACE ${import_source})
     target_link_libraries(bwl_qml_plugins INTERFACE ${target}plugin)
+    add_dependencies(bwl_qml_modules ${target} ${target}plugin)
     if(ARG_QML_FILES OR ARG_SINGLETONS)
+        add_dependencies(${target}_qmllint bwl_qml_modules)
         add_dependencies(bwl_qml_lint ${target}_qmllint)
     endif()
 endfunction()
