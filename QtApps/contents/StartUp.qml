@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import BwConstants
+import cpp.PumpDetailsController
 import cpp.PumpSessionController
 
 // The start-up sequence: a blank page, the connecting page while no pump is connected, the
@@ -11,7 +12,7 @@ Item {
     /// The application's own version.
     readonly property string appVersion: Qt.application.version
     /// The pump's application version, shown on the connected page.
-    property string pumpAppVersion: ""
+    readonly property string pumpAppVersion: PumpDetailsController.appVersion
     /// objectName of the page on top, for tests and diagnostics.
     readonly property string currentPage: stack.currentItem ? stack.currentItem.objectName : ""
 

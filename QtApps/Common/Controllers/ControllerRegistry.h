@@ -1,19 +1,36 @@
 #pragma once
 
+#include "QtApps/Common/Core/Communication/SystemWrapper.h"
+
 #include <QObject>
 #include <QStringList>
 
 class QCoreApplication;
 
+namespace speedResolution {
+class SpeedResolutionCurrent;
+class SpeedResolutionVoltage;
+class SpeedResolutionFrequency;
+} // namespace speedResolution
+
 namespace communication {
 
 class ProtocolComms;
+class PumpAnalogFilterController;
+class PumpApplicationSpeedController;
+class PumpDetailsController;
+class PumpNetworkController;
 class PumpSession;
 class PumpSessionController;
+class PumpSettingsController;
+class PumpSpeedRangeController;
+class PumpValues;
+class PumpValuesController;
 
-/// Creates the controllers the screens talk to and registers each as a QML singleton in a module
-/// of its own, "cpp." followed by its type name, version 1.0. It is their QObject parent, lives on
-/// the main thread and deletes itself when the application is about to quit.
+/// Creates the controllers the screens talk to, and the speed-resolution objects between the
+/// speed ranges and their controller, and publishes each controller as the singleton of its
+/// "cpp." QML module. It is their QObject parent, lives on the main thread and deletes itself
+/// when the application is about to quit.
 ///
 /// The pump session it drives is created as a child of the comms object, so that it moves to the
 /// comms thread with the link (see PumpSession).
@@ -22,14 +39,36 @@ class ControllerRegistry final : public QObject {
 
 public:
     /// `portNames`: the serial ports the session scans; empty means every port the platform lists.
-    ControllerRegistry(ProtocolComms& comms, const QStringList& portNames,
+    ControllerRegistry(ProtocolComms& comms, PumpValues& values, const QStringList& portNames,
                        QCoreApplication& application);
+    ~ControllerRegistry() override;
 
-    PumpSessionController& pumpSessionController() const { return *mPumpSessionController; }
+    PumpSession& pumpSession() const { return *mPumpSession; }
+    PumpAnalogFilterController& analogFilterController() const { return *mAnalogFilter; }
+    PumpApplicationSpeedController& applicationSpeedController() const {
+        return *mApplicationSpeed;
+    }
+    PumpDetailsController& pumpDetailsController() const { return *mDetails; }
+    PumpSessionController& pumpSessionController() const { return *mSession; }
+    PumpNetworkController& networkController() const { return *mNetwork; }
+    PumpValuesController& valuesController() const { return *mValues; }
+    PumpSpeedRangeController& speedRangeController() const { return *mSpeedRange; }
+    PumpSettingsController& settingsController() const { return *mSettings; }
 
 private:
+    wrappers::SystemWrapper mClock;
     PumpSession* mPumpSession;
-    PumpSessionController* mPumpSessionController;
+    PumpAnalogFilterController* mAnalogFilter;
+    PumpApplicationSpeedController* mApplicationSpeed;
+    PumpDetailsController* mDetails;
+    PumpSessionController* mSession;
+    PumpNetworkController* mNetwork;
+    PumpValuesController* mValues;
+    speedResolution::SpeedResolutionCurrent* mCurrentResolution;
+    speedResolution::SpeedResolutionVoltage* mVoltageResolution;
+    speedResolution::SpeedResolutionFrequency* mFrequencyResolution;
+    PumpSpeedRangeController* mSpeedRange;
+    PumpSettingsController* mSettings;
 };
 
 } // namespace communication

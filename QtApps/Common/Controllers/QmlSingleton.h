@@ -32,12 +32,12 @@ public:
     }
 
     /// Makes `instance` the one the screens get; the registry calls it once it has built it.
-    static void publish(Type* instance) { slot() = instance; }
-    static Type* published() { return slot().data(); }
+    static void publish(Type* instance) { publishedInstance() = instance; }
+    static Type* published() { return publishedInstance().data(); }
 
 private:
     // Cleared by itself when the instance goes (at shutdown, or at the end of a test).
-    static QPointer<Type>& slot() {
+    static QPointer<Type>& publishedInstance() {
         static QPointer<Type> instance;
         return instance;
     }

@@ -18,7 +18,7 @@ constexpr unsigned long kCommsThreadExitWaitMs = 2000;
 ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames)
     : mComms(new communication::ProtocolComms(*this))
     , mValues(new communication::PumpValues(*mComms))
-    , mControllers(new communication::ControllerRegistry(*mComms, portNames, application))
+    , mControllers(new communication::ControllerRegistry(*mComms, *mValues, portNames, application))
     , mModels(new models::ModelRegistry(*mControllers, application))
     , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName())) {
     mCommsThread.setObjectName(QStringLiteral("ProtocolCommsThread"));

@@ -1,0 +1,129 @@
+#include "PumpSettingsController.h"
+
+#include "QueuedCall.h"
+#include "ReportedFigure.h"
+
+#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/EnumerationTexts.h"
+#include "QtApps/Common/Logger/Log.h"
+#include "QtApps/Common/Model/PumpValues/PumpValues.h"
+#include "QtApps/Common/Model/PumpValues/WireConversions.h"
+
+namespace communication {
+
+using halyard::pump::ControlInput;
+
+PumpSettingsController::PumpSettingsController(PumpValues& values, QObject* parent)
+    : QObject(parent)
+    , mValues(values) {
+    connect(&values.get<PumpControlInput>(), &PumpControlInput::getControlInputResponse, this,
+            &PumpSettingsController::onControlInputReported, Qt::QueuedConnection);
+    connect(
+        &values.get<PumpHead>(), &PumpHead::getHeadResponse, this,
+        [this](const QString& head) {
+            mPumpHead = head;
+            emit pumpHeadChanged();
+        },
+        Qt::QueuedConnection);
+    connect(
+        &values.get<PumpAcceleration>(), &PumpAcceleration::getAccelerationResponse, this,
+        [this](float acceleration) {
+            mAcceleration = acceleration;
+            emit accelerationRpmPerSecondChanged();
+        },
+        Qt::QueuedConnection);
+    connect(
+        &values.get<PumpDeceleration>(), &PumpDeceleration::getDecelerationResponse, this,
+        [this](float deceleration) {
+            mDeceleration = deceleration;
+            emit decelerationRpmPerSecondChanged();
+        },
+        Qt::QueuedConnection);
+    connect(
+        &values.get<PumpCelerationLimits>(), &PumpCelerationLimits::getLimitsResponse, this,
+        [this](const objects::CelerationLimits& limits) {
+            mCelerationLimits = limits;
+            emit celerationLimitsChanged();
+        },
+        Qt::QueuedConnection);
+    connect(
+        &values.get<PumpPrimeSpeed>(), &PumpPrimeSpeed::getPrimeSpeedResponse, this,
+        [this](uint32_t speedDrpm) {
+            mPrimeSpeedDrpm = reportedFigure<int>(speedDrpm, "PrimeSpeed");
+            emit primeSpeedDrpmChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+void PumpSettingsController::onControlInputReported(ControlInput controlInput) {
+    // The proxy lets only the table's codes through; a code past it still gets a defined text.
+    if (wire::codeOf(controlInput) >= wire::codeOf(ControlInput::Count)) {
+        logImpossibleReport("onControlInputReported", QStringLiteral("ControlInput"),
+                            QStringLiteral("Control input %1 reported, shown as \"None\"")
+                                .arg(wire::codeOf(controlInput)));
+        controlInput = ControlInput::None;
+    }
+    mControlInput = objects::ControlInputText(controlInput);
+    emit pumpControlInputChanged();
+}
+
+void PumpSettingsController::getControlInput() {
+    callQueued(mValues.get<PumpControlInput>(), &PumpControlInput::getControlInput);
+}
+
+bool PumpSettingsController::setControlInput(const QString& controlInput) {
+    // Whole texts only: the lookup also takes a beginning, and "" would begin every text.
+    const auto code = objects::ControlInputFromText(controlInput);
+    if (controlInput.isEmpty() || !code || objects::ControlInputText(*code) != controlInput) {
+        BWL_LOG_WARN("setControlInput",
+                     QStringLiteral("No control input \"%1\"; nothing sent").arg(controlInput));
+        return false;
+    }
+    callQueued(mValues.get<PumpControlInput>(), &PumpControlInput::setControlInput, *code);
+    return true;
+}
+
+void PumpSettingsController::getPumpHead() {
+    callQueued(mValues.get<PumpHead>(), &PumpHead::get);
+}
+
+void PumpSettingsController::setPumpHead(const QString& pumpHead) {
+    callQueued(mValues.get<PumpHead>(), &PumpHead::set, pumpHead);
+}
+
+void PumpSettingsController::getAccelerationRpmPerSecond() {
+    callQueued(mValues.get<PumpAcceleration>(), &PumpAcceleration::getAcceleration);
+}
+
+void PumpSettingsController::setAccelerationRpmPerSecond(float rpmPerSecond) {
+    callQueued(mValues.get<PumpAcceleration>(), &PumpAcceleration::setAcceleration, rpmPerSecond);
+}
+
+void PumpSettingsController::getDecelerationRpmPerSecond() {
+    callQueued(mValues.get<PumpDeceleration>(), &PumpDeceleration::getDeceleration);
+}
+
+void PumpSettingsController::setDecelerationRpmPerSecond(float rpmPerSecond) {
+    callQueued(mValues.get<PumpDeceleration>(), &PumpDeceleration::setDeceleration, rpmPerSecond);
+}
+
+void PumpSettingsController::getCelerationLimits() {
+    callQueued(mValues.get<PumpCelerationLimits>(), &PumpCelerationLimits::getLimits);
+}
+
+void PumpSettingsController::getPrimeSpeedDrpm() {
+    callQueued(mValues.get<PumpPrimeSpeed>(), &PumpPrimeSpeed::getPrimeSpeed);
+}
+
+bool PumpSettingsController::setPrimeSpeedDrpm(double speedDrpm) {
+    const auto speed = requestedFigure<uint32_t>(speedDrpm, "PrimeSpeed", "setPrimeSpeedDrpm");
+    if (speed) {
+        callQueued(mValues.get<PumpPrimeSpeed>(), &PumpPrimeSpeed::setPrimeSpeed, *speed);
+    }
+    return speed.has_value();
+}
+
+void PumpSettingsController::resetPump() {
+    callQueued(mValues.get<PumpReset>(), &PumpReset::reset);
+}
+
+} // namespace communication

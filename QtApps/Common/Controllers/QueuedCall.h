@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QMetaObject>
+#include <QObject>
+
+#include <type_traits>
+
+namespace communication {
+
+/// Calls `slot` of a pump value with `args` on the value's own thread, queued. The controllers
+/// and models live on the user-interface thread and the values where the proxies run, so they
+/// never call a value directly: the arguments are copied into the call, and nothing waits.
+template <typename Value, typename Owner, typename... Params, typename... Args>
+void callQueued(Value& value, void (Owner::*slot)(Params...), Args... args) {
+    static_assert(std::is_base_of_v<Owner, Value>, "the slot belongs to another class");
+    static_assert(std::is_base_of_v<QObject, Value>);
+    QMetaObject::invokeMethod(
+        &value, [&value, slot, args...] { (value.*slot)(args...); }, Qt::QueuedConnection);
+}
+
+} // namespace communication
