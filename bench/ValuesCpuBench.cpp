@@ -5,6 +5,7 @@
 
 #include "QtApps/Common/Logger/LogSetup.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
+#include "ThreadCpu.h"
 #include "tests/support/SimulatorLink.h"
 
 #include <QCoreApplication>
@@ -12,18 +13,12 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <ctime>
 
 using namespace communication;
+using bench::threadCpuSeconds;
 using testsupport::SimulatorLink;
 
 namespace {
-
-double threadCpuSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
-}
 
 struct Receiver : QObject {
     long updates = 0;

@@ -28,3 +28,16 @@ function(bwl_add_qt_test name)
         set_tests_properties(${folder}.${name} PROPERTIES RESOURCE_LOCK ${ARG_RESOURCE_LOCK})
     endif()
 endfunction()
+
+# bwl_add_quick_test(<name> LABEL unit|integration|e2e SOURCES <setup.cpp>... QML_DIR <dir>
+#                    [LIBRARIES <targets>...] [TIMEOUT <seconds>])
+# A Qt Quick Test executable: the setup source (QUICK_TEST_MAIN_WITH_SETUP) runs every
+# tst_*.qml in QML_DIR with every QML module of the application available.
+function(bwl_add_quick_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "LABEL;TIMEOUT;QML_DIR" "SOURCES;LIBRARIES")
+    bwl_add_qt_test(${name} LABEL ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT} SOURCES ${ARG_SOURCES}
+                    LIBRARIES Qt6::QuickTest ${ARG_LIBRARIES} QML)
+    target_compile_definitions(${name} PRIVATE QUICK_TEST_SOURCE_DIR="${ARG_QML_DIR}")
+    file(GLOB qml_tests CONFIGURE_DEPENDS ${ARG_QML_DIR}/tst_*.qml)
+    target_sources(${name} PRIVATE ${qml_tests})
+endfunction()

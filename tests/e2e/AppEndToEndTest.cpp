@@ -82,7 +82,8 @@ private slots:
         clock.start();
         QList<qint64> pingTimes;
         connect(&first, &PumpLine::messageReceived, this, [&] {
-            if (first.received().back().attribute == KeepAlive) {
+            const auto& request = first.received().back();
+            if (request.object == 0 && request.attribute == KeepAlive) {
                 pingTimes << clock.elapsed();
             }
         });

@@ -46,6 +46,8 @@ public:
         return mComms->protocolObjects().get<Proxy>();
     }
     QThread& commsThread() { return mThread; }
+    /// The comms object, on the comms thread: reach it only by queued calls.
+    communication::ProtocolComms& comms() { return *mComms; }
 
     /// Runs `function` on the comms thread and waits for it.
     template <typename Function>

@@ -8,23 +8,6 @@
 
 using namespace communication;
 
-namespace {
-
-// The comms object as the values see it: only its proxies matter here.
-class HarnessComms final : public ProtocolCommsInterface {
-public:
-    explicit HarnessComms(ValuesLink& link) : mLink(link) {}
-    bool openPort(const QString& /*portName*/) override { return false; }
-    void closePort() override {}
-    void clearRequestLog() override {}
-    ProtocolObjectContainer& protocolObjects() override { return mLink.container(); }
-
-private:
-    ValuesLink& mLink;
-};
-
-} // namespace
-
 class PumpValuesTest : public QObject {
     Q_OBJECT
 
@@ -34,7 +17,7 @@ private slots:
 
 void PumpValuesTest::values_moveWithTheCommsObjectAndAnswerQueuedCalls() {
     ValuesLink link;
-    HarnessComms comms(link);
+    ValuesComms comms(link);
     auto* values = new PumpValues(comms);
     QCOMPARE(values->parent(), &comms);
     QCOMPARE(values->get<PumpPrimeSpeed>().parent(), values);

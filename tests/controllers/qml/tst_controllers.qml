@@ -1,0 +1,35 @@
+import QtQuick
+import QtTest
+import cpp.PumpAnalogFilterController
+import cpp.PumpApplicationSpeedController
+import cpp.PumpDetailsController
+import cpp.PumpNetworkController
+import cpp.PumpSessionController
+import cpp.PumpSettingsController
+import cpp.PumpSpeedRangeController
+import cpp.PumpValuesController
+
+TestCase {
+    name: "Controllers"
+
+    function test_everyControllerAnswersThroughItsModule() {
+        compare(PumpAnalogFilterController.currentNumSamples, 0)
+        verify(!PumpAnalogFilterController.setVoltageNumSamples(-1))
+        compare(PumpApplicationSpeedController.motorDirection, PumpApplicationSpeedController.Clockwise)
+        verify(!PumpApplicationSpeedController.setApplicationSpeedDrpm(1.5))
+        compare(PumpDetailsController.appVersion, "")
+        compare(PumpDetailsController.isNetworkPump, false)
+        compare(PumpNetworkController.ipAddress, "0.0.0.0")
+        verify(PumpNetworkController.isValidAddress("192.168.0.10"))
+        verify(!PumpNetworkController.setIpConfig(false, "1.2.3", "255.255.255.0", "1.2.3.4"))
+        compare(PumpSessionController.pumpConnected, false)
+        compare(PumpSettingsController.pumpControlInput, "")
+        verify(!PumpSettingsController.setControlInput("Sideways"))
+        compare(PumpSettingsController.celerationLimits.maximumRpmPerSec, 0)
+        compare(PumpSpeedRangeController.voltageProfileDrpm.MaximumSpeedDrpm, 0)
+        verify(!PumpSpeedRangeController.setEnableLineSpeedDrpm(-10))
+        compare(PumpValuesController.pumpActualSpeedDrpm, 0)
+        compare(PumpValuesController.direction, "Forward")
+        PumpValuesController.subscribe()
+    }
+}
