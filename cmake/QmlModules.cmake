@@ -17,11 +17,14 @@ add_custom_target(bwl_qml_lint)
 add_custom_target(bwl_qml_modules)
 
 # bwl_add_qml_module(<target> URI <uri> [QML_FILES <files>...] [SINGLETONS <files>...]
-#                    [SOURCES <files>...] [RESOURCES <files>...] [LIBRARIES <targets>...])
+#                    [SOURCES <files>...] [RESOURCES <files>...] [LIBRARIES <targets>...]
+#                    [DEPENDENCIES <uris>...])
 # SINGLETONS are QML files declared `pragma Singleton`; SOURCES are C++ types the module
-# declares with QML_ELEMENT and the like; LIBRARIES are linked publicly.
+# declares with QML_ELEMENT and the like; LIBRARIES are linked publicly; DEPENDENCIES are the QML
+# modules whose types the C++ types derive from (QtQuick for an item), for the QML tools.
 function(bwl_add_qml_module target)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "URI" "QML_FILES;SINGLETONS;SOURCES;RESOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "URI"
+                          "QML_FILES;SINGLETONS;SOURCES;RESOURCES;LIBRARIES;DEPENDENCIES")
     if(ARG_SINGLETONS)
         set_source_files_properties(${ARG_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     endif()
@@ -36,6 +39,9 @@ function(bwl_add_qml_module target)
     endif()
     if(ARG_QML_FILES OR ARG_SINGLETONS)
         list(APPEND extra QML_FILES ${ARG_QML_FILES} ${ARG_SINGLETONS})
+    endif()
+    if(ARG_DEPENDENCIES)
+        list(APPEND extra DEPENDENCIES ${ARG_DEPENDENCIES})
     endif()
     qt_add_qml_module(${target} URI ${ARG_URI} VERSION 1.0 STATIC RESOURCE_PREFIX /
                       CLASS_NAME ${class_stem}Plugin

@@ -1,7 +1,7 @@
 pragma Singleton
 import QtQuick
 
-// Sizes, spacings and durations shared by every screen.
+// Every size and duration of the screens, on one 4-pixel scale.
 QtObject {
     /// Smallest window the screens are laid out for.
     readonly property int appMinWidth: 960
@@ -10,8 +10,56 @@ QtObject {
     readonly property int connectingAnimationDuration: 800
     /// Fade of every start-up page change.
     readonly property int pageFadeDuration: 300
+    /// How long a snackbar stays.
+    readonly property int snackbarDuration: 3000
+    /// Short transitions of controls (hover, press).
+    readonly property int quickDuration: 120
+
+    readonly property int xxs: 2
+    readonly property int xs: 4
     readonly property int small: 8
     readonly property int medium: 16
-    readonly property int large: 32
+    readonly property int large: 24
+    readonly property int xl: 32
+
     readonly property int radius: 4
+    readonly property int borderWidth: 1
+    readonly property int focusWidth: 2
+    readonly property int ruleWidth: 4
+
+    /// Height of buttons, fields and combo boxes; wide enough to hit with a glove.
+    readonly property int controlHeight: 36
+    readonly property int buttonMinWidth: 88
+    readonly property int fieldWidth: 112
+    readonly property int fieldWideWidth: 200
+    readonly property int labelWidth: 160
+    readonly property int switchWidth: 44
+    readonly property int switchHeight: 24
+    readonly property int progressHeight: 8
+    readonly property int scrollBarWidth: 8
+    readonly property int tabHeight: 44
+    readonly property int iconSmall: 16
+    readonly property int icon: 20
+    readonly property int iconLarge: 32
+    readonly property int badge: 10
+
+    /// Side panel, open and collapsed.
+    readonly property int sidePanelWidth: 288
+    readonly property int sidePanelCollapsedWidth: 76
+    /// The widest a column of settings grows in a large window.
+    readonly property int contentMaxWidth: 720
+    /// A modal dialog's width.
+    readonly property int dialogWidth: 440
+    readonly property int snackbarWidth: 320
+    readonly property int toolTipDelay: 500
+    readonly property int toolTipWidth: 280
+
+    /// The connecting page's plug and socket.
+    readonly property int connectorWidth: 240
+    readonly property int connectorHeight: 40
+    readonly property int plugBodyWidth: 50
+    readonly property int plugPinLength: 20
+    readonly property int plugPinThickness: 6
+    readonly property int plugTravel: 50
+    readonly property int socketTravel: 70
 }

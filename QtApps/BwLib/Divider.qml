@@ -3,7 +3,7 @@ import BwConstants
 
 // A one-pixel rule between sections.
 Rectangle {
-    implicitWidth: 1
-    implicitHeight: 1
+    implicitWidth: BwSpacing.borderWidth
+    implicitHeight: BwSpacing.borderWidth
     color: BwColours.divider
 }

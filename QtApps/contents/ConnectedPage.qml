@@ -21,7 +21,7 @@ Rectangle {
             text: qsTr("CONNECTED")
             font.pixelSize: BwFonts.banner
             font.letterSpacing: 4
-            color: BwColours.primary
+            color: BwColours.accent
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter

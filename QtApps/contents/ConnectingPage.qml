@@ -30,9 +30,9 @@ Rectangle {
             id: plug
             width: 70
             height: parent.height
-            Rectangle { width: 50; height: parent.height; radius: BwSpacing.radius; color: BwColours.primary }
-            Rectangle { x: 50; y: 10; width: 20; height: 6; color: BwColours.primaryDark }
-            Rectangle { x: 50; y: 24; width: 20; height: 6; color: BwColours.primaryDark }
+            Rectangle { width: 50; height: parent.height; radius: BwSpacing.radius; color: BwColours.accent }
+            Rectangle { x: 50; y: 10; width: 20; height: 6; color: BwColours.accentPressed }
+            Rectangle { x: 50; y: 24; width: 20; height: 6; color: BwColours.accentPressed }
         }
         // The socket, coming from the right.
         Rectangle {
@@ -40,7 +40,7 @@ Rectangle {
             width: 50
             height: parent.height
             radius: BwSpacing.radius
-            color: BwColours.primaryDark
+            color: BwColours.accentPressed
         }
 
         SequentialAnimation {

@@ -10,7 +10,7 @@ Column {
         font.pixelSize: BwFonts.title
         font.bold: true
         font.letterSpacing: 4
-        color: BwColours.primary
+        color: BwColours.accent
     }
     Text {
         anchors.horizontalCenter: parent.horizontalCenter
