@@ -21,7 +21,8 @@ add_custom_target(bwl_qml_modules)
 #                    [DEPENDENCIES <uris>...])
 # SINGLETONS are QML files declared `pragma Singleton`; SOURCES are C++ types the module
 # declares with QML_ELEMENT and the like; LIBRARIES are linked publicly; DEPENDENCIES are the QML
-# modules whose types the C++ types derive from (QtQuick for an item), for the QML tools.
+# modules that describe the C++ types' Qt base classes to the tools (QtQuick for an item,
+# QtQml.Models for QAbstractItemModel, so that qmllint knows a model's rowCount()).
 function(bwl_add_qml_module target)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "URI"
                           "QML_FILES;SINGLETONS;SOURCES;RESOURCES;LIBRARIES;DEPENDENCIES")
@@ -37,11 +38,11 @@ function(bwl_add_qml_module target)
     if(ARG_RESOURCES)
         list(APPEND extra RESOURCES ${ARG_RESOURCES})
     endif()
-    if(ARG_QML_FILES OR ARG_SINGLETONS)
-        list(APPEND extra QML_FILES ${ARG_QML_FILES} ${ARG_SINGLETONS})
-    endif()
     if(ARG_DEPENDENCIES)
         list(APPEND extra DEPENDENCIES ${ARG_DEPENDENCIES})
+    endif()
+    if(ARG_QML_FILES OR ARG_SINGLETONS)
+        list(APPEND extra QML_FILES ${ARG_QML_FILES} ${ARG_SINGLETONS})
     endif()
     qt_add_qml_module(${target} URI ${ARG_URI} VERSION 1.0 STATIC RESOURCE_PREFIX /
                       CLASS_NAME ${class_stem}Plugin
@@ -73,16 +74,18 @@ function(bwl_add_qml_module target)
     endif()
 endfunction()
 
-# bwl_add_cpp_singleton(<Type> [SOURCES <files>...] [LIBRARIES <targets>...])
+# bwl_add_cpp_singleton(<Type> [SOURCES <files>...] [LIBRARIES <targets>...]
+#                       [DEPENDENCIES <uris>...])
 # A core object that the screens reach as the QML singleton "cpp.<Type>": the module
 # cpp.<Type>, built from <Type>.cpp and <Type>.h in the calling folder (the class declares
 # QML_ELEMENT and QML_SINGLETON and derives from QmlSingleton, whose create() hands out the
 # instance the registry built). The library target is cpp_<Type>.
 function(bwl_add_cpp_singleton type)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES;DEPENDENCIES")
     bwl_add_qml_module(cpp_${type} URI cpp.${type}
                        SOURCES ${type}.cpp ${type}.h ${ARG_SOURCES}
-                       LIBRARIES bwl_qml_singleton ${ARG_LIBRARIES})
+                       LIBRARIES bwl_qml_singleton ${ARG_LIBRARIES}
+                       DEPENDENCIES ${ARG_DEPENDENCIES})
 endfunction()
 
 # The base of every "cpp." singleton (header only).

@@ -19,7 +19,7 @@ ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringLis
     : mComms(new communication::ProtocolComms(*this))
     , mValues(new communication::PumpValues(*mComms))
     , mControllers(new communication::ControllerRegistry(*mComms, *mValues, portNames, application))
-    , mModels(new models::ModelRegistry(*mControllers, application))
+    , mModels(new models::ModelRegistry(*mValues, *mControllers, application))
     , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName())) {
     mCommsThread.setObjectName(QStringLiteral("ProtocolCommsThread"));
     mComms->moveToThread(&mCommsThread);

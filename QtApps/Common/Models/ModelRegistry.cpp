@@ -1,11 +1,37 @@
 #include "ModelRegistry.h"
 
+#include "PumpFaultsModel.h"
+#include "PumpFaultsSortFilterProxyModel.h"
+#include "PumpHeadsModel.h"
+#include "PumpHeadsSortFilterProxyModel.h"
+#include "PumpLogModel.h"
+#include "PumpSimulatedFaultsModel.h"
+#include "PumpTorqueTargetsModel.h"
+
+#include "QtApps/Common/Controllers/ControllerRegistry.h"
+#include "QtApps/Common/Model/PumpValues/PumpValues.h"
+
 #include <QCoreApplication>
 
 namespace models {
 
-ModelRegistry::ModelRegistry(communication::ControllerRegistry& /*controllers*/,
+using namespace communication;
+
+ModelRegistry::ModelRegistry(PumpValues& values, ControllerRegistry& controllers,
                              QCoreApplication& application) {
+    auto* headsModel = new pumpHeads::PumpHeadsModel(values.get<PumpHeads>(), this);
+    auto* faultsModel = new faults::PumpFaultsModel(values.get<PumpFaults>(), this);
+
+    pumpHeads::PumpHeadsSortFilterProxyModel::publish(
+        new pumpHeads::PumpHeadsSortFilterProxyModel(*headsModel, this));
+    faults::PumpFaultsSortFilterProxyModel::publish(
+        new faults::PumpFaultsSortFilterProxyModel(*faultsModel, this));
+    log::PumpLogModel::publish(new log::PumpLogModel(values.get<PumpLog>(), this));
+    torque::PumpTorqueTargetsModel::publish(new torque::PumpTorqueTargetsModel(
+        values.get<PumpTorqueTargets>(), values.get<PumpTorqueIndex>(), this));
+    faults::PumpSimulatedFaultsModel::publish(new faults::PumpSimulatedFaultsModel(
+        values.get<PumpFaults>(), controllers.pumpSessionController(), this));
+
     connect(&application, &QCoreApplication::aboutToQuit, this, &QObject::deleteLater);
 }
 
