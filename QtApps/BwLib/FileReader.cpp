@@ -4,8 +4,7 @@
 
 namespace bwlib {
 
-FileReader::FileReader(QObject* parent)
-    : QObject(parent) {}
+FileReader::FileReader(QObject* parent) : QObject(parent) {}
 
 void FileReader::setSource(const QUrl& source) {
     if (source == mSource) {

@@ -19,8 +19,7 @@ QString pathOf(const QUrl& url) {
 
 } // namespace
 
-SvgImg::SvgImg(QQuickItem* parent)
-    : QQuickPaintedItem(parent) {
+SvgImg::SvgImg(QQuickItem* parent) : QQuickPaintedItem(parent) {
     setAntialiasing(true);
 }
 

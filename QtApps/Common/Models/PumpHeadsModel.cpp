@@ -1,8 +1,8 @@
 #include "PumpHeadsModel.h"
 
+#include "QtApps/Common/Controllers/QueuedCall.h"
 #include "QtApps/Common/Model/PumpValues/PumpHeads.h"
 #include "QtApps/Common/Model/PumpValues/WireConversions.h"
-#include "QtApps/Common/Controllers/QueuedCall.h"
 
 #include <QCoreApplication>
 

@@ -1,8 +1,8 @@
 #include "PumpSimulatedFaultsModel.h"
 
 #include "QtApps/Common/Controllers/PumpSessionController.h"
-#include "QtApps/Common/Logger/Log.h"
 #include "QtApps/Common/Controllers/QueuedCall.h"
+#include "QtApps/Common/Logger/Log.h"
 
 namespace models::faults {
 

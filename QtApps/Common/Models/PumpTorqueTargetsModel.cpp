@@ -1,9 +1,9 @@
 #include "PumpTorqueTargetsModel.h"
 
+#include "QtApps/Common/Controllers/QueuedCall.h"
 #include "QtApps/Common/Logger/Log.h"
 #include "QtApps/Common/Model/PumpValues/Motor/PumpTorqueIndex.h"
 #include "QtApps/Common/Model/PumpValues/Motor/PumpTorqueTargets.h"
-#include "QtApps/Common/Controllers/QueuedCall.h"
 
 #include <QCoreApplication>
 #include <QLocale>
