@@ -1,6 +1,7 @@
 #include "FirmwareUpdateSimObject.h"
 
 #include "tools/pump-simulator/PumpModel.h"
+#include "tools/pump-simulator/SerialLine.h"
 #include "tools/pump-simulator/SimulatorClock.h"
 
 #include <QDebug>
@@ -36,10 +37,15 @@ std::uint32_t Crc32(const QByteArray& bytes) {
 } // namespace
 
 FirmwareUpdateSimObject::FirmwareUpdateSimObject(const Context& context, PumpModel& model,
-                                                 SimulatorOptions::FirmwareFault fault)
+                                                 SimulatorOptions::FirmwareFault fault,
+                                                 bool pacedLine)
     : SimObject(context, 1, 3)
     , mModel(model)
-    , mFault(fault) {
+    , mFault(fault)
+    , mPacedLine(pacedLine) {
+    mRequestTimer.setSingleShot(true);
+    mRequestTimer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&mRequestTimer, &QTimer::timeout, [this] { requestPieces(); });
     mEraseTimer.setSingleShot(true);
     QObject::connect(&mEraseTimer, &QTimer::timeout, [this] { finishErase(); });
     mVerifyTimer.setSingleShot(true);
@@ -113,6 +119,8 @@ void FirmwareUpdateSimObject::handleStart(const Message& request) {
     mTransfer.size = size;
     mTransfer.crc = crc;
     mTransfer.image = QByteArray(static_cast<qsizetype>(size), '\xFF'); // erased flash
+    mReceivedUpTo[bank] = 0;
+    mNextRequestAtMs = 0;
     mVerifiedBank.reset();
     qInfo("Firmware: bank %u, %u bytes, CRC-32 %08x: erasing", bank, size, crc);
     mModel.logEvent(QStringLiteral("Firmware update of bank %1 started").arg(bank));
@@ -133,14 +141,25 @@ void FirmwareUpdateSimObject::finishErase() {
 // Keeps two requests outstanding: each arriving piece is followed at once by a request for the
 // piece after the one still outstanding.
 void FirmwareUpdateSimObject::requestPieces() {
-    while (!mTransfer.silent && mOutstanding.size() < kRequestsOutstanding &&
+    while (mTransfer.active && !mTransfer.silent && mOutstanding.size() < kRequestsOutstanding &&
            mTransfer.nextOffset < mTransfer.size) {
+        const auto now = static_cast<qint64>(clock().ElapsedMilliseconds());
+        if (mPacedLine && !mOutstanding.empty() && now < mNextRequestAtMs) {
+            if (!mRequestTimer.isActive()) {
+                mRequestTimer.start(static_cast<int>(mNextRequestAtMs - now));
+            }
+            return;
+        }
         DataRequest request;
         request.offset = mTransfer.nextOffset;
-        request.length = static_cast<std::uint16_t>(
-            std::min<std::uint32_t>(kPieceLength, mTransfer.size - mTransfer.nextOffset));
+        request.length = static_cast<std::uint16_t>(std::min<std::uint32_t>(
+            mPacedLine ? kPacedPieceLength : kPieceLength, mTransfer.size - mTransfer.nextOffset));
+        request.firstSentAtMs = now;
         mTransfer.nextOffset += request.length;
         mOutstanding.push_back(request);
+        if (mOutstanding.size() == 1) {
+            scheduleNextRequest(now, request.length);
+        }
         if (!sendDataRequest(mOutstanding.back())) {
             end(Failed);
             return;
@@ -170,6 +189,11 @@ bool FirmwareUpdateSimObject::sendDataRequest(DataRequest& request) {
     return true;
 }
 
+void FirmwareUpdateSimObject::scheduleNextRequest(qint64 pieceStartMs, std::uint16_t length) {
+    const double wireMs = (length + kPieceOverheadBytes) * 1000.0 / SerialLine::kLineBytesPerSecond;
+    mNextRequestAtMs = pieceStartMs + static_cast<qint64>(wireMs) - kRequestLeadMs;
+}
+
 void FirmwareUpdateSimObject::handlePiece(const Message& request) {
     auto reader = request.Reader();
     std::uint8_t bank = 0;
@@ -183,7 +207,8 @@ void FirmwareUpdateSimObject::handlePiece(const Message& request) {
         std::find_if(mOutstanding.begin(), mOutstanding.end(),
                      [offset](const DataRequest& wanted) { return wanted.offset == offset; });
     const bool ours = mTransfer.active && bank == mTransfer.bank;
-    if (ours && outstanding == mOutstanding.end() && offset < mTransfer.nextOffset) {
+    if (outstanding == mOutstanding.end() && bank < kBankCount &&
+        offset + length <= mReceivedUpTo[bank]) {
         reply(request, Status::Success); // a repeat of a piece already taken
         return;
     }
@@ -195,6 +220,15 @@ void FirmwareUpdateSimObject::handlePiece(const Message& request) {
     std::copy_n(reinterpret_cast<const char*>(request.payload.data()) + 5, length,
                 mTransfer.image.begin() + offset);
     mOutstanding.erase(outstanding);
+    mReceivedUpTo[bank] = std::max<std::uint32_t>(
+        mReceivedUpTo[bank], offset + static_cast<std::uint32_t>(length));
+    if (mOutstanding.size() == 1) {
+        // The other piece comes next on the line, from now or from when it was asked for.
+        const DataRequest& next = mOutstanding.front();
+        scheduleNextRequest(
+            std::max(static_cast<qint64>(clock().ElapsedMilliseconds()), next.firstSentAtMs),
+            next.length);
+    }
     if (mTransfer.silent) {
         return;
     }
@@ -361,6 +395,7 @@ bool FirmwareUpdateSimObject::sendStatus() {
 
 // The transfer is over; what the bank got stays in it.
 void FirmwareUpdateSimObject::end(Stage stage) {
+    mRequestTimer.stop();
     mEraseTimer.stop();
     mVerifyTimer.stop();
     mPieceWatch.stop();
@@ -375,6 +410,7 @@ void FirmwareUpdateSimObject::end(Stage stage) {
 }
 
 void FirmwareUpdateSimObject::abandon() {
+    mRequestTimer.stop();
     mEraseTimer.stop();
     mVerifyTimer.stop();
     mPieceWatch.stop();

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QTimer>
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -22,6 +23,11 @@ class PumpModel;
 /// sends, and asks again for a piece that was acknowledged but never came; after that the
 /// transfer fails. The half-programmed bank stays as it is, unverified, until the next Start.
 ///
+/// On a line paced at its real rate two requests outstanding would make the second piece wait
+/// a whole piece's time behind the first and outlast the application's request time-out. So
+/// there the pump asks for the next piece only when the one before is nearly through the line
+/// (kRequestLeadMs before its last byte is due): the line stays busy and no piece waits.
+///
 /// A verified image of bank 0 (the application) whose first bytes are the header "BWFW" and a
 /// version major.minor.patch becomes the firmware version the pump reports after its next
 /// restart.
@@ -30,14 +36,23 @@ public:
     static constexpr std::uint8_t kBankCount = 4;
     static constexpr std::uint32_t kBankCapacity = 1024 * 1024;
     static constexpr std::uint16_t kPieceLength = 1024;
+    /// On a paced line: seven 128-byte pages, so that a piece, its lead and the answer stay well
+    /// inside the application's 100 ms request time-out (about 88 ms at 11520 bytes/s).
+    static constexpr std::uint16_t kPacedPieceLength = 896;
     static constexpr std::size_t kRequestsOutstanding = 2;
     static constexpr std::uint32_t kStatusEveryBytes = 8192;
     static constexpr int kMaxSends = 4;
     /// How long an acknowledged data request may wait for its piece before it is asked again.
     static constexpr int kPieceWaitMs = 1000;
 
+    /// How long before a piece's expected end the next is asked for, on a paced line.
+    static constexpr int kRequestLeadMs = 8;
+    /// Bytes on the line around each piece's data: its frame's header, bank, offset and COBS
+    /// overhead, and the acknowledgement of its data request.
+    static constexpr int kPieceOverheadBytes = 26;
+
     FirmwareUpdateSimObject(const Context& context, PumpModel& model,
-                            SimulatorOptions::FirmwareFault fault);
+                            SimulatorOptions::FirmwareFault fault, bool pacedLine);
 
     /// Erase time of an image: 50 ms plus 25 ms for each 4 KiB sector.
     static int eraseTimeMs(std::uint32_t imageSize);
@@ -69,6 +84,7 @@ private:
         std::uint16_t length = 0;
         std::uint8_t id = 0;
         int sends = 0;
+        qint64 firstSentAtMs = 0;
         bool acknowledged = false;
         qint64 acknowledgedAtMs = 0;
     };
@@ -94,6 +110,8 @@ private:
     void finishErase();
     void finishVerify();
     void requestPieces();
+    /// On a paced line: when the piece still outstanding should be nearly through the line.
+    void scheduleNextRequest(qint64 pieceStartMs, std::uint16_t length);
     bool sendDataRequest(DataRequest& request);
     void checkPieceWaits();
     void report(Stage stage);
@@ -104,7 +122,11 @@ private:
 
     PumpModel& mModel;
     SimulatorOptions::FirmwareFault mFault;
+    bool mPacedLine;
     Transfer mTransfer;
+    std::array<std::uint32_t, kBankCount> mReceivedUpTo{}; ///< per bank, for repeated pieces
+    qint64 mNextRequestAtMs = 0;
+    QTimer mRequestTimer;
     std::optional<std::uint8_t> mVerifiedBank; ///< the last transfer ended in Success
     std::vector<DataRequest> mOutstanding;
     Message mStatus;          ///< the latest status, kept for its repeats

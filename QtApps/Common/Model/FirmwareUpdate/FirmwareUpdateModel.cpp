@@ -35,7 +35,9 @@ FirmwareUpdateModel::FirmwareUpdateModel(common::ArchiveReaderInterface& reader,
     : QObject(parent)
     , mReader(reader)
     , mProxy(objects.get<FirmwareUpdateObject>())
-    , mValues(values) {
+    , mValues(values)
+    , mBacklogTimer(this)
+    , mWatchdog(this) {
     qRegisterMetaType<FirmwareUpdateView>();
     connect(&mProxy, &FirmwareUpdateObject::dataRequest, this, &FirmwareUpdateModel::onDataRequest);
     connect(&mProxy, &FirmwareUpdateObject::statusUpdate, this,
@@ -50,6 +52,8 @@ FirmwareUpdateModel::FirmwareUpdateModel(common::ArchiveReaderInterface& reader,
     auto& details = values.get<PumpDetailsGetAll>();
     connect(&details, &PumpDetailsGetAll::getAllResponse, this,
             &FirmwareUpdateModel::onPumpDetails);
+    connect(&details, &PumpDetailsGetAll::getValueAborted, this,
+            [this] { mDetailsRequested = false; });
     auto& reset = values.get<PumpReset>();
     connect(&reset, &PumpReset::setSuccess, this, &FirmwareUpdateModel::onResetDone);
     // A pump that restarts before its acknowledgement gets out looks like one that never
@@ -71,6 +75,9 @@ void FirmwareUpdateModel::loadBundle(const QString& path) {
     QString error;
     mBundle = FirmwareBundle::read(mReader, path, error);
     mSelected.clear();
+    mTotalBytes = 0;
+    mFinishedBytes = 0;
+    mImageBytesDone = 0;
     if (!mBundle) {
         BWL_LOG_WARN("loadBundle", QStringLiteral("Invalid firmware bundle %1: %2").arg(path, error));
         mState = FirmwareUpdateModelState::NotReady;
@@ -85,7 +92,7 @@ void FirmwareUpdateModel::loadBundle(const QString& path) {
     if (mDetailsKnown) {
         selectImages();
     } else if (mConnected) {
-        mValues.get<PumpDetailsGetAll>().getAll(); // selectImages() follows on the answer
+        requestDetails(); // selectImages() follows on the answer
     }
     publish();
 }
@@ -96,9 +103,10 @@ void FirmwareUpdateModel::setPumpConnected(bool connected) {
     }
     mConnected = connected;
     mDetailsKnown = false;
+    mDetailsRequested = false;
     mPartNumber.clear();
     if (connected) {
-        mValues.get<PumpDetailsGetAll>().getAll();
+        requestDetails();
     } else if (mUpdating) {
         fail(FirmwareUpdateModelState::Disconnected, {}, false);
     } else if (mState == FirmwareUpdateModelState::Ready) {
@@ -111,12 +119,22 @@ void FirmwareUpdateModel::onPumpDetails(const communication::objects::PumpDetail
     if (!mConnected) {
         return;
     }
-    mPartNumber = details.PartNumberText().trimmed();
+    // Other parts of the application ask for the details too: only news changes the choice.
+    const QString partNumber = details.PartNumberText().trimmed();
+    const bool news = !mDetailsKnown || partNumber != mPartNumber;
+    mPartNumber = partNumber;
     mDetailsKnown = true;
-    if (mBundle && !mUpdating) {
+    if (news && mBundle && !mUpdating) {
         selectImages();
     }
     publish();
+}
+
+void FirmwareUpdateModel::requestDetails() {
+    if (!mDetailsRequested) {
+        mDetailsRequested = true;
+        mValues.get<PumpDetailsGetAll>().getAll();
+    }
 }
 
 void FirmwareUpdateModel::selectImages() {
@@ -202,7 +220,10 @@ void FirmwareUpdateModel::onRequestRefused(std::uint8_t attribute, std::uint8_t 
                                          .arg(name)
                                          .arg(attribute)
                                          .arg(QString::fromLatin1(msg::StatusName(status))));
-    if (!mUpdating || IsOperation(operation, msg::Operation::Stop)) {
+    // A refused piece is the pump's to sort out: it asks again for what it still needs, or
+    // reports the transfer failed.
+    if (!mUpdating || attribute != FirmwareUpdateObject::ImageControl ||
+        IsOperation(operation, msg::Operation::Stop)) {
         return;
     }
     fail(FirmwareUpdateModelState::Failed,

@@ -81,6 +81,7 @@ private:
     };
 
     void onPumpDetails(const communication::objects::PumpDetails& details);
+    void requestDetails();
     void selectImages();
     void beginImage();
     void onRequestAccepted(std::uint8_t attribute, std::uint8_t operation);
@@ -108,6 +109,7 @@ private:
     QString mPartNumber;
     bool mConnected = false;
     bool mDetailsKnown = false;
+    bool mDetailsRequested = false;
     FirmwareUpdateModelState mState = FirmwareUpdateModelState::NotReady;
     QString mErrorDescription;
 
@@ -122,6 +124,7 @@ private:
     quint64 mFinishedBytes = 0;
     std::uint32_t mImageBytesDone = 0;
     QList<Piece> mBacklog;
+    // Children, so that they move to the link's thread with the model.
     QTimer mBacklogTimer;
     QTimer mWatchdog;
 
