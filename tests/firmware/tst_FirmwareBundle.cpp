@@ -110,12 +110,12 @@ void FirmwareBundleTest::brokenBundle_isRefusedWithAReason_data() {
     QTest::newRow("broken JSON") << WithImage(R"({"build": {"version": "1")", image)
                                  << "bundle.json:";
     QTest::newRow("manifest not an object") << WithImage("[1, 2]", image) << "not a JSON object";
-    QTest::newRow("empty build")
-        << WithImage(QByteArray(R"({"build": {}, "images": )") + kOneImage + "}", image)
-        << "\"build\"";
+    QTest::newRow("empty build") << WithImage(QByteArray(R"({"build": {}, "images": )") +
+                                                  kOneImage + "}",
+                                              image)
+                                 << "\"build\"";
     QTest::newRow("time not ISO 8601")
-        << WithImage(QByteArray(R"({"build": {"time": "yesterday"}, "images": )") + kOneImage +
-                         "}",
+        << WithImage(QByteArray(R"({"build": {"time": "yesterday"}, "images": )") + kOneImage + "}",
                      image)
         << "ISO 8601";
     QTest::newRow("flag of the wrong type")
@@ -127,8 +127,7 @@ void FirmwareBundleTest::brokenBundle_isRefusedWithAReason_data() {
     QTest::newRow("image member missing")
         << QList<ZipMember>{{"bundle.json", Manifest(kOneImage)}} << "no member \"app.bin\"";
     QTest::newRow("member CRC does not match")
-        << QList<ZipMember>{{"bundle.json", Manifest(kOneImage)},
-                            {"app.bin", image, 0x12345678U}}
+        << QList<ZipMember>{{"bundle.json", Manifest(kOneImage)}, {"app.bin", image, 0x12345678U}}
         << "CRC-32";
     QTest::newRow("member shorter than declared")
         << QList<ZipMember>{{"bundle.json", Manifest(kOneImage)},
@@ -194,11 +193,16 @@ void FirmwareBundleTest::imagesFor_matchesThePartNumberAfterTrimming() {
 void FirmwareBundleTest::bundlePathFromUrl_givesTheLocalPath_data() {
     QTest::addColumn<QString>("url");
     QTest::addColumn<QString>("path");
-    QTest::newRow("windows drive") << "file:///C:/Firmware/bundle.zip" << "C:/Firmware/bundle.zip";
-    QTest::newRow("back-slashes") << "file:///C:\\Firmware\\bundle.zip" << "C:/Firmware/bundle.zip";
-    QTest::newRow("unix") << "file:///home/tech/bundle.zip" << "/home/tech/bundle.zip";
-    QTest::newRow("escaped space") << "file:///tmp/my%20bundle.zip" << "/tmp/my bundle.zip";
-    QTest::newRow("plain path") << "/tmp/bundle.zip" << "/tmp/bundle.zip";
+    QTest::newRow("windows drive") << "file:///C:/Firmware/bundle.zip"
+                                   << "C:/Firmware/bundle.zip";
+    QTest::newRow("back-slashes") << "file:///C:\\Firmware\\bundle.zip"
+                                  << "C:/Firmware/bundle.zip";
+    QTest::newRow("unix") << "file:///home/tech/bundle.zip"
+                          << "/home/tech/bundle.zip";
+    QTest::newRow("escaped space") << "file:///tmp/my%20bundle.zip"
+                                   << "/tmp/my bundle.zip";
+    QTest::newRow("plain path") << "/tmp/bundle.zip"
+                                << "/tmp/bundle.zip";
 }
 
 void FirmwareBundleTest::bundlePathFromUrl_givesTheLocalPath() {

@@ -100,11 +100,11 @@ void FirmwareUpdateEndToEndTest::oneImage_isVerifiedAndThePumpRestartsIntoIt() {
     QString error;
     QVERIFY2(rig.start(error), qPrintable(error));
     FirmwareUpdateController& controller = rig.controller();
-    const QString path = writeBundle(
-        {{"bundle.json", testsupport::Manifest(R"([{"device": "BWD-100-SIM", "bank": 0,
+    const QString path =
+        writeBundle({{"bundle.json", testsupport::Manifest(R"([{"device": "BWD-100-SIM", "bank": 0,
             "filename": "main.bin"}, {"device": "BWD-200-NET", "filename": "other.bin"}])")},
-         {"main.bin", testsupport::FirmwareImage(20000, "1.17.2")},
-         {"other.bin", testsupport::FirmwareImage(100)}});
+                     {"main.bin", testsupport::FirmwareImage(20000, "1.17.2")},
+                     {"other.bin", testsupport::FirmwareImage(100)}});
 
     controller.loadBundle(FileUrl(path));
     QTRY_COMPARE(controller.state(), 1);
@@ -151,10 +151,9 @@ void FirmwareUpdateEndToEndTest::twoImages_areSentInTheManifestsOrder() {
 
     QList<int> verifiedBanks;
     QObject receiver;
-    auto& proxy =
-        rig.comms().protocolObjects().get<communication::objects::FirmwareUpdateObject>();
-    QObject::connect(&proxy, &communication::objects::FirmwareUpdateObject::statusUpdate,
-                     &receiver, [&verifiedBanks](halyard::firmwareUpdate::FirmwareUpdateStatus s) {
+    auto& proxy = rig.comms().protocolObjects().get<communication::objects::FirmwareUpdateObject>();
+    QObject::connect(&proxy, &communication::objects::FirmwareUpdateObject::statusUpdate, &receiver,
+                     [&verifiedBanks](halyard::firmwareUpdate::FirmwareUpdateStatus s) {
                          if (s.stage == 8) {
                              verifiedBanks.append(s.bank);
                          }
@@ -171,8 +170,7 @@ void FirmwareUpdateEndToEndTest::pumpFailure_endsInItsStateAndASecondStartSuccee
     QTest::addColumn<int>("state");
     QTest::addColumn<QString>("description");
     QTest::newRow("erase") << "erase" << 5 << "Update failed: Erase failed (BWD-100-SIM (0))";
-    QTest::newRow("program") << "program" << 5
-                             << "Update failed: Program failed (BWD-100-SIM (0))";
+    QTest::newRow("program") << "program" << 5 << "Update failed: Program failed (BWD-100-SIM (0))";
     QTest::newRow("verify") << "verify" << 5 << "Update failed: Verify failed (BWD-100-SIM (0))";
     QTest::newRow("silent") << "silent" << 3 << "Timed out waiting for response";
 }
@@ -189,8 +187,7 @@ void FirmwareUpdateEndToEndTest::pumpFailure_endsInItsStateAndASecondStartSuccee
     QSignalSpy errors(&controller, &FirmwareUpdateController::errorOccurred);
 
     controller.startUpdate();
-    QTRY_VERIFY_WITH_TIMEOUT(controller.state() == state,
-                             kUpdateTimeoutMs);
+    QTRY_VERIFY_WITH_TIMEOUT(controller.state() == state, kUpdateTimeoutMs);
     QCOMPARE(controller.errorDescription(), description);
     QCOMPARE(errors.size(), 1);
     QVERIFY(!controller.updating());

@@ -54,9 +54,8 @@ void PumpSimulator::registerObjects() {
     mObjects.push_back(
         std::make_unique<DeviceSimObject>(context, mModel, [this]() { restartPump(); }));
     mObjects.push_back(std::make_unique<OemDeviceSimObject>(context, mModel));
-    auto firmwareUpdate =
-        std::make_unique<FirmwareUpdateSimObject>(context, mModel, mOptions.firmwareFault,
-                                                  mOptions.paceAtLineRate);
+    auto firmwareUpdate = std::make_unique<FirmwareUpdateSimObject>(
+        context, mModel, mOptions.firmwareFault, mOptions.paceAtLineRate);
     mFirmwareUpdate = firmwareUpdate.get();
     mObjects.push_back(std::move(firmwareUpdate));
     mObjects.push_back(std::make_unique<PumpSimObject>(context, mModel));

@@ -74,8 +74,7 @@ bool SerialLine::openDevice(const QString& path, QString& error) {
         mPort = nullptr;
         return false;
     }
-    connect(mPort, &QSerialPort::readyRead, this,
-            [this]() { receive(mPort->readAll()); });
+    connect(mPort, &QSerialPort::readyRead, this, [this]() { receive(mPort->readAll()); });
     connect(mPort, &QSerialPort::bytesWritten, this, &SerialLine::drain);
     connect(mPort, &QSerialPort::errorOccurred, this,
             [this](QSerialPort::SerialPortError portError) {

@@ -347,10 +347,10 @@ std::optional<SimulatorOptions> SimulatorOptions::parse(const QStringList& argum
                       {"program", FirmwareFault::Program},
                       {"verify", FirmwareFault::Verify},
                       {"silent", FirmwareFault::Silent}};
-        const auto* match = std::find_if(std::begin(faults), std::end(faults),
-                                         [&fault](const auto& entry) {
-                                             return fault == QLatin1String(entry.name);
-                                         });
+        const auto* match =
+            std::find_if(std::begin(faults), std::end(faults), [&fault](const auto& entry) {
+                return fault == QLatin1String(entry.name);
+            });
         if (match == std::end(faults)) {
             return fail(d.firmwareFault.names().first(), fault);
         }

@@ -31,8 +31,9 @@ class FirmwareUpdateModel;
 ///
 /// Build it on the thread the values live on before the link moves to its thread, as the
 /// controller registry does; the model then moves with the values.
-class FirmwareUpdateController final : public QObject,
-                                       public communication::QmlSingleton<FirmwareUpdateController> {
+class FirmwareUpdateController final
+    : public QObject,
+      public communication::QmlSingleton<FirmwareUpdateController> {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

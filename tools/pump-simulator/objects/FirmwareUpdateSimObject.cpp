@@ -220,8 +220,8 @@ void FirmwareUpdateSimObject::handlePiece(const Message& request) {
     std::copy_n(reinterpret_cast<const char*>(request.payload.data()) + 5, length,
                 mTransfer.image.begin() + offset);
     mOutstanding.erase(outstanding);
-    mReceivedUpTo[bank] = std::max<std::uint32_t>(
-        mReceivedUpTo[bank], offset + static_cast<std::uint32_t>(length));
+    mReceivedUpTo[bank] =
+        std::max<std::uint32_t>(mReceivedUpTo[bank], offset + static_cast<std::uint32_t>(length));
     if (mOutstanding.size() == 1) {
         // The other piece comes next on the line, from now or from when it was asked for.
         const DataRequest& next = mOutstanding.front();
@@ -315,8 +315,8 @@ void FirmwareUpdateSimObject::handleStop(const Message& request) {
 }
 
 void FirmwareUpdateSimObject::onAnswer(const Message& answer) {
-    const bool timedOut = answer.type == msg::Type::NakStatus &&
-                          answer.status == Status::RequestAckTimeout;
+    const bool timedOut =
+        answer.type == msg::Type::NakStatus && answer.status == Status::RequestAckTimeout;
     if (answer.attribute == attribute::kStatus && mStatusPending && answer.id == mStatus.id) {
         if (!timedOut) {
             mStatusPending = false;
@@ -330,9 +330,10 @@ void FirmwareUpdateSimObject::onAnswer(const Message& answer) {
     if (answer.attribute != attribute::kDataRequest) {
         return;
     }
-    const auto request = std::find_if(
-        mOutstanding.begin(), mOutstanding.end(),
-        [&answer](const DataRequest& wanted) { return !wanted.acknowledged && wanted.id == answer.id; });
+    const auto request = std::find_if(mOutstanding.begin(), mOutstanding.end(),
+                                      [&answer](const DataRequest& wanted) {
+                                          return !wanted.acknowledged && wanted.id == answer.id;
+                                      });
     if (request == mOutstanding.end()) {
         return;
     }

@@ -129,7 +129,7 @@ private:
     QTimer mRequestTimer;
     std::optional<std::uint8_t> mVerifiedBank; ///< the last transfer ended in Success
     std::vector<DataRequest> mOutstanding;
-    Message mStatus;          ///< the latest status, kept for its repeats
+    Message mStatus; ///< the latest status, kept for its repeats
     bool mStatusPending = false;
     int mStatusSends = 0;
     QTimer mEraseTimer;

@@ -79,7 +79,8 @@ bool ReadInfo(const QJsonObject& manifest, FirmwareBundle::InfoType& info, QStri
     if (!ReadText(build, "time", time, error) || !ReadText(build, "version", info.version, error) ||
         !ReadText(build, "name", info.name, error) ||
         !ReadText(build, "commit", info.commit, error) ||
-        !ReadText(build, "branch", info.branch, error) || !ReadText(build, "tag", info.tag, error) ||
+        !ReadText(build, "branch", info.branch, error) ||
+        !ReadText(build, "tag", info.tag, error) ||
         !ReadFlag(build, "isRelease", info.isRelease, error) ||
         !ReadFlag(build, "fromBuildServer", info.fromBuildServer, error)) {
         return false;
@@ -121,7 +122,8 @@ bool ReadImages(common::ArchiveReaderInterface& reader, const QJsonObject& manif
                 QList<FirmwareBundle::ImageType>& images, QString& error) {
     const QJsonArray entries = manifest.value(QLatin1String("images")).toArray();
     if (entries.isEmpty() || entries.size() > FirmwareBundle::kMaxImages) {
-        error = QStringLiteral("\"images\" must list 1 to %1 images").arg(FirmwareBundle::kMaxImages);
+        error =
+            QStringLiteral("\"images\" must list 1 to %1 images").arg(FirmwareBundle::kMaxImages);
         return false;
     }
     QSet<QString> banks;
@@ -130,7 +132,8 @@ bool ReadImages(common::ArchiveReaderInterface& reader, const QJsonObject& manif
         if (!ReadImageEntry(entry, image, error)) {
             return false;
         }
-        const QString bankKey = image.device.trimmed() + QLatin1Char('\n') + QString::number(image.bank);
+        const QString bankKey =
+            image.device.trimmed() + QLatin1Char('\n') + QString::number(image.bank);
         if (banks.contains(bankKey)) {
             error = QStringLiteral("two images for %1").arg(image.label());
             return false;

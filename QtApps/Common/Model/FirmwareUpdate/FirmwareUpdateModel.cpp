@@ -79,7 +79,8 @@ void FirmwareUpdateModel::loadBundle(const QString& path) {
     mFinishedBytes = 0;
     mImageBytesDone = 0;
     if (!mBundle) {
-        BWL_LOG_WARN("loadBundle", QStringLiteral("Invalid firmware bundle %1: %2").arg(path, error));
+        BWL_LOG_WARN("loadBundle",
+                     QStringLiteral("Invalid firmware bundle %1: %2").arg(path, error));
         mState = FirmwareUpdateModelState::NotReady;
         reportError(tr("The selected firmware bundle is invalid."));
         return;
@@ -140,8 +141,9 @@ void FirmwareUpdateModel::requestDetails() {
 void FirmwareUpdateModel::selectImages() {
     mSelected = mBundle->imagesFor(mPartNumber);
     if (mSelected.isEmpty()) {
-        BWL_LOG_WARN("selectImages",
-                     QStringLiteral("No image in the bundle for pump model \"%1\"").arg(mPartNumber));
+        BWL_LOG_WARN(
+            "selectImages",
+            QStringLiteral("No image in the bundle for pump model \"%1\"").arg(mPartNumber));
         mState = FirmwareUpdateModelState::NotReady;
         reportError(tr("The selected firmware file does not contain any firmware for this pump "
                        "model."));
@@ -215,7 +217,8 @@ void FirmwareUpdateModel::onRequestAccepted(std::uint8_t attribute, std::uint8_t
 
 void FirmwareUpdateModel::onRequestRefused(std::uint8_t attribute, std::uint8_t operation,
                                            msg::Status status) {
-    const auto name = QString::fromLatin1(msg::OperationName(static_cast<msg::Operation>(operation)));
+    const auto name =
+        QString::fromLatin1(msg::OperationName(static_cast<msg::Operation>(operation)));
     BWL_LOG_WARN("onRequestRefused", QStringLiteral("Pump refused %1 of attribute %2: %3")
                                          .arg(name)
                                          .arg(attribute)
@@ -315,7 +318,8 @@ void FirmwareUpdateModel::onStatusUpdate(const FirmwareUpdateStatus& status) {
 }
 
 void FirmwareUpdateModel::onImageVerified() {
-    BWL_LOG_INFO("onImageVerified", QStringLiteral("Image %1 verified").arg(currentImage().label()));
+    BWL_LOG_INFO("onImageVerified",
+                 QStringLiteral("Image %1 verified").arg(currentImage().label()));
     mFinishedBytes += static_cast<quint64>(currentImage().data.size());
     mImageBytesDone = 0;
     ++mImageIndex;
@@ -391,17 +395,19 @@ void FirmwareUpdateModel::publish() {
                          mState != FirmwareUpdateModelState::Rebooting;
     view.errorDescription = mErrorDescription;
     if (mTotalBytes > 0) {
-        view.progressValue = static_cast<int>((mFinishedBytes + mImageBytesDone) * 100 / mTotalBytes);
+        view.progressValue =
+            static_cast<int>((mFinishedBytes + mImageBytesDone) * 100 / mTotalBytes);
     }
     if (mUpdating && mStage) {
-        view.statusText = QStringLiteral("[%1%] %2").arg(view.progressValue).arg(StageText(*mStage));
+        view.statusText =
+            QStringLiteral("[%1%] %2").arg(view.progressValue).arg(StageText(*mStage));
     } else {
         view.statusText = StateText(mState);
     }
     if (!mSelected.isEmpty() && mBundle) {
-        view.bundleSummary = tr("Firmware bundle loaded\nBuild version: %1\nBuild time: %2\nModels:\n")
-                                 .arg(mBundle->info().version,
-                                      mBundle->info().time.toString(Qt::ISODate));
+        view.bundleSummary =
+            tr("Firmware bundle loaded\nBuild version: %1\nBuild time: %2\nModels:\n")
+                .arg(mBundle->info().version, mBundle->info().time.toString(Qt::ISODate));
         for (const FirmwareBundle::ImageType& image : mSelected) {
             view.images.append(image.label());
             view.bundleSummary += tr(" * %1\n").arg(image.label());

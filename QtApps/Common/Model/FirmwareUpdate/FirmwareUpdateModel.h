@@ -3,8 +3,8 @@
 #include "FirmwareBundle.h"
 #include "FirmwareUpdateView.h"
 
-#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareUpdateStatus.h"
 #include "Common/Protocol/MessageTypes.h"
+#include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareUpdateStatus.h"
 
 #include <QList>
 #include <QObject>

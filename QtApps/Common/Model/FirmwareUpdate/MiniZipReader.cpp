@@ -20,8 +20,8 @@ voidpf ZCALLBACK OpenDevice(voidpf opaque, const void* /*filename*/, int /*mode*
 }
 
 uLong ZCALLBACK ReadDevice(voidpf /*opaque*/, voidpf stream, void* buffer, uLong size) {
-    const qint64 count =
-        static_cast<QIODevice*>(stream)->read(static_cast<char*>(buffer), static_cast<qint64>(size));
+    const qint64 count = static_cast<QIODevice*>(stream)->read(static_cast<char*>(buffer),
+                                                               static_cast<qint64>(size));
     return count > 0 ? static_cast<uLong>(count) : 0;
 }
 
@@ -71,8 +71,7 @@ unzFile Archive(void* archive) {
 
 } // namespace
 
-MiniZipReader::MiniZipReader(QObject* parent)
-    : QObject(parent) {}
+MiniZipReader::MiniZipReader(QObject* parent) : QObject(parent) {}
 
 MiniZipReader::~MiniZipReader() {
     close();
@@ -184,7 +183,9 @@ bool MiniZipReader::readCurrentMember(const QString& name, qint64 maxSize, QByte
             break;
         }
         if (content.size() + count > maxSize) {
-            error = QStringLiteral("\"%1\" holds more than the %2 bytes allowed").arg(name).arg(maxSize);
+            error = QStringLiteral("\"%1\" holds more than the %2 bytes allowed")
+                        .arg(name)
+                        .arg(maxSize);
             complete = false;
             break;
         }
@@ -200,8 +201,9 @@ bool MiniZipReader::readCurrentMember(const QString& name, qint64 maxSize, QByte
     }
     // minizip reads no further than the entry declares and checks the CRC only when it got
     // that far: a member shorter than declared is caught here.
-    const uLong crc = crc32(crc32(0L, Z_NULL, 0), reinterpret_cast<const Bytef*>(content.constData()),
-                            static_cast<uInt>(content.size()));
+    const uLong crc =
+        crc32(crc32(0L, Z_NULL, 0), reinterpret_cast<const Bytef*>(content.constData()),
+              static_cast<uInt>(content.size()));
     if (static_cast<ZPOS64_T>(content.size()) != entry.uncompressed_size || crc != entry.crc ||
         closed != UNZ_OK) {
         error = QStringLiteral("size or CRC-32 of \"%1\" does not match its entry").arg(name);
