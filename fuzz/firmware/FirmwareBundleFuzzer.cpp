@@ -33,11 +33,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FUZZ_CHECK(!image.data.isEmpty());
         FUZZ_CHECK(image.data.size() <= FirmwareBundle::kMaxImageSize);
         const QList<FirmwareBundle::ImageType> matching = bundle->imagesFor(image.device);
-        FUZZ_CHECK(std::any_of(matching.begin(), matching.end(),
-                               [&image](const FirmwareBundle::ImageType& candidate) {
-                                   return candidate.bank == image.bank &&
-                                          candidate.filename == image.filename;
-                               }));
+        FUZZ_CHECK(std::any_of(
+            matching.begin(), matching.end(), [&image](const FirmwareBundle::ImageType& candidate) {
+                return candidate.bank == image.bank && candidate.filename == image.filename;
+            }));
     }
     return 0;
 }

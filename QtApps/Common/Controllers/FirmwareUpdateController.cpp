@@ -17,32 +17,24 @@ FirmwareUpdateController::FirmwareUpdateController(common::ArchiveReaderInterfac
                                                    communication::PumpValues& values,
                                                    communication::PumpSessionController& session,
                                                    QObject* parent)
-    : QObject(parent)
-    , mModel(new FirmwareUpdateModel(reader, objects, values, &values)) {
+    : QObject(parent) {
+    auto* model = new FirmwareUpdateModel(reader, objects, values, &values);
     // Everything below crosses threads once the link runs on its own: queued both ways.
-    connect(mModel, &FirmwareUpdateModel::viewChanged, this,
+    connect(this, &FirmwareUpdateController::bundleLoadRequested, model,
+            &FirmwareUpdateModel::loadBundle, Qt::QueuedConnection);
+    connect(this, &FirmwareUpdateController::updateStartRequested, model,
+            &FirmwareUpdateModel::startUpdate, Qt::QueuedConnection);
+    connect(this, &FirmwareUpdateController::pumpConnectionChanged, model,
+            &FirmwareUpdateModel::setPumpConnected, Qt::QueuedConnection);
+    connect(model, &FirmwareUpdateModel::viewChanged, this,
             &FirmwareUpdateController::onViewChanged, Qt::QueuedConnection);
-    connect(mModel, &FirmwareUpdateModel::errorOccurred, this,
+    connect(model, &FirmwareUpdateModel::errorOccurred, this,
             &FirmwareUpdateController::errorOccurred, Qt::QueuedConnection);
-    connect(mModel, &FirmwareUpdateModel::reconnectRequested, &session,
+    connect(model, &FirmwareUpdateModel::reconnectRequested, &session,
             &communication::PumpSessionController::startScanning, Qt::QueuedConnection);
-    auto forwardConnection = [this, &session] {
-        callModel([connected = session.pumpConnected()](FirmwareUpdateModel& model) {
-            model.setPumpConnected(connected);
-        });
-    };
     connect(&session, &communication::PumpSessionController::connectedStatusChanged, this,
-            forwardConnection);
-    forwardConnection();
-}
-
-template <typename Call>
-void FirmwareUpdateController::callModel(Call call) {
-    if (mModel.isNull()) {
-        return; // the link is gone: the application is shutting down
-    }
-    QMetaObject::invokeMethod(
-        mModel.data(), [model = mModel.data(), call] { call(*model); }, Qt::QueuedConnection);
+            [this, &session] { emit pumpConnectionChanged(session.pumpConnected()); });
+    emit pumpConnectionChanged(session.pumpConnected());
 }
 
 QString FirmwareUpdateController::bundlePathFromUrl(const QString& fileUrl) {
@@ -65,13 +57,11 @@ QString FirmwareUpdateController::bundlePathFromUrl(const QString& fileUrl) {
 }
 
 void FirmwareUpdateController::loadBundle(const QString& fileUrl) {
-    callModel([path = bundlePathFromUrl(fileUrl)](FirmwareUpdateModel& model) {
-        model.loadBundle(path);
-    });
+    emit bundleLoadRequested(bundlePathFromUrl(fileUrl));
 }
 
 void FirmwareUpdateController::startUpdate() {
-    callModel([](FirmwareUpdateModel& model) { model.startUpdate(); });
+    emit updateStartRequested();
 }
 
 void FirmwareUpdateController::onViewChanged(const FirmwareUpdateView& view) {

@@ -5,7 +5,6 @@
 #include "QtApps/Common/Model/FirmwareUpdate/FirmwareUpdateView.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
@@ -21,13 +20,11 @@ class PumpValues;
 
 namespace firmwareUpdate {
 
-class FirmwareUpdateModel;
-
 /// The firmware update for the screens ("cpp.FirmwareUpdateController"). It builds the update
 /// model beside the pump values, so that the model runs on the link's thread, and reaches it
 /// only by queued calls; the model's reports come back as one view value, which this object
-/// splits into its properties. The connection state comes from the session controller, and the
-/// new session a rebooted pump needs is asked of it too.
+/// splits into its properties. Calls go to the model as queued signals. The connection state comes
+/// from the session controller, and the new session a rebooted pump needs is asked of it too.
 ///
 /// Build it on the thread the values live on before the link moves to its thread, as the
 /// controller registry does; the model then moves with the values.
@@ -83,12 +80,14 @@ signals:
     void errorDescriptionChanged();
     void errorOccurred(QString description);
 
+    // To the model on the link's thread, queued; not for the screens.
+    void bundleLoadRequested(QString path);
+    void updateStartRequested();
+    void pumpConnectionChanged(bool connected);
+
 private:
     void onViewChanged(const firmwareUpdate::FirmwareUpdateView& view);
-    template <typename Call>
-    void callModel(Call call);
 
-    QPointer<FirmwareUpdateModel> mModel;
     FirmwareUpdateView mView;
 };
 

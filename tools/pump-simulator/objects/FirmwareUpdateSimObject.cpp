@@ -318,13 +318,10 @@ void FirmwareUpdateSimObject::onAnswer(const Message& answer) {
     const bool timedOut =
         answer.type == msg::Type::NakStatus && answer.status == Status::RequestAckTimeout;
     if (answer.attribute == attribute::kStatus && mStatusPending && answer.id == mStatus.id) {
-        if (!timedOut) {
-            mStatusPending = false;
-        } else if (mStatusSends < kMaxSends && sendStatus()) {
-            ++mStatusSends;
-        } else {
-            mStatusPending = false;
-        }
+        // Answered, or repeated until the fourth send goes unanswered too.
+        const bool repeat = timedOut && mStatusSends < kMaxSends && sendStatus();
+        mStatusSends += repeat ? 1 : 0;
+        mStatusPending = repeat;
         return;
     }
     if (answer.attribute != attribute::kDataRequest) {

@@ -127,7 +127,7 @@ bool ReadImages(common::ArchiveReaderInterface& reader, const QJsonObject& manif
         return false;
     }
     QSet<QString> banks;
-    for (const QJsonValue& entry : entries) {
+    for (const auto& entry : entries) {
         FirmwareBundle::ImageType image;
         if (!ReadImageEntry(entry, image, error)) {
             return false;
@@ -173,15 +173,16 @@ std::optional<FirmwareBundle> FirmwareBundle::read(common::ArchiveReaderInterfac
 std::optional<FirmwareBundle> FirmwareBundle::readOpen(common::ArchiveReaderInterface& reader,
                                                        QString& error) {
     QByteArray manifestBytes;
-    if (!reader.readMember(kManifestName, kMaxManifestSize, manifestBytes, error)) {
+    const QString manifestName = QString::fromLatin1(kManifestName);
+    if (!reader.readMember(manifestName, kMaxManifestSize, manifestBytes, error)) {
         return std::nullopt;
     }
     QJsonParseError parseError{};
     const QJsonDocument manifest = QJsonDocument::fromJson(manifestBytes, &parseError);
     if (manifest.isNull() || !manifest.isObject()) {
         error = parseError.error != QJsonParseError::NoError
-                    ? QStringLiteral("%1: %2").arg(kManifestName, parseError.errorString())
-                    : QStringLiteral("%1 is not a JSON object").arg(kManifestName);
+                    ? QStringLiteral("%1: %2").arg(manifestName, parseError.errorString())
+                    : QStringLiteral("%1 is not a JSON object").arg(manifestName);
         return std::nullopt;
     }
     FirmwareBundle bundle;

@@ -28,10 +28,10 @@ namespace firmwareUpdate {
 /// go to the same bank of the same device.
 class FirmwareBundle {
 public:
-    static constexpr qint64 kMaxManifestSize = 64 * 1024;
-    static constexpr qint64 kMaxImageSize = 8 * 1024 * 1024;
+    static constexpr qint64 kMaxManifestSize = qint64{64} * 1024;
+    static constexpr qint64 kMaxImageSize = qint64{8} * 1024 * 1024;
     static constexpr qsizetype kMaxImages = 16;
-    static inline const QString kManifestName = QStringLiteral("bundle.json");
+    static constexpr const char* kManifestName = "bundle.json";
 
     struct InfoType {
         QDateTime time; ///< invalid when the manifest gives none

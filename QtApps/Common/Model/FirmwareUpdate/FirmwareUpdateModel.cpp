@@ -59,6 +59,9 @@ FirmwareUpdateModel::FirmwareUpdateModel(common::ArchiveReaderInterface& reader,
     // A pump that restarts before its acknowledgement gets out looks like one that never
     // answered: it has all the same taken the images, so it is waited for all the same.
     connect(&reset, &PumpReset::setValueAborted, this, &FirmwareUpdateModel::onResetDone);
+    // Queued, so that the acknowledgement of the last status update goes out first.
+    connect(this, &FirmwareUpdateModel::resetRequested, &reset, &PumpReset::reset,
+            Qt::QueuedConnection);
 
     mBacklogTimer.setSingleShot(true);
     mBacklogTimer.setInterval(kBacklogRetryMs);
@@ -332,10 +335,9 @@ void FirmwareUpdateModel::onImageVerified() {
     mUpdating = false;
     mState = FirmwareUpdateModelState::Succeeded;
     publish();
-    // The pump starts its new firmware on a reset; the reset is queued so that the last
-    // status update's acknowledgement goes out first.
+    // The pump starts its new firmware on a reset.
     mAwaitingReset = true;
-    QMetaObject::invokeMethod(&mValues.get<PumpReset>(), &PumpReset::reset, Qt::QueuedConnection);
+    emit resetRequested();
 }
 
 void FirmwareUpdateModel::onResetDone() {

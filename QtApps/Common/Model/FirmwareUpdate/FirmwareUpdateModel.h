@@ -66,6 +66,8 @@ signals:
     /// The pump took the reset (or went quiet doing so): its session is gone and a new one is
     /// needed.
     void reconnectRequested();
+    /// Resets the pump (connected, queued, to PumpReset::reset).
+    void resetRequested();
 
 public slots:
     /// Reads and checks the bundle at `path` (a local file path).

@@ -12,7 +12,7 @@ namespace common {
 
 namespace {
 
-constexpr qint64 kReadChunk = 64 * 1024;
+constexpr std::size_t kReadChunk = std::size_t{64} * 1024;
 
 // minizip's file functions over the QIODevice passed as `opaque` (already open for reading).
 voidpf ZCALLBACK OpenDevice(voidpf opaque, const void* /*filename*/, int /*mode*/) {
