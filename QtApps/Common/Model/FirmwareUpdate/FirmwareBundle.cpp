@@ -127,6 +127,7 @@ bool ReadImages(common::ArchiveReaderInterface& reader, const QJsonObject& manif
         return false;
     }
     QSet<QString> banks;
+    qint64 total = 0;
     for (const auto& entry : entries) {
         FirmwareBundle::ImageType image;
         if (!ReadImageEntry(entry, image, error)) {
@@ -147,6 +148,12 @@ bool ReadImages(common::ArchiveReaderInterface& reader, const QJsonObject& manif
         }
         if (image.data.isEmpty()) {
             error = QStringLiteral("image %1 is empty").arg(image.label());
+            return false;
+        }
+        total += image.data.size();
+        if (total > FirmwareBundle::kMaxImagesSize) {
+            error = QStringLiteral("the images hold more than %1 bytes together")
+                        .arg(FirmwareBundle::kMaxImagesSize);
             return false;
         }
         images.append(image);

@@ -24,12 +24,13 @@ namespace firmwareUpdate {
 /// that is not ISO 8601; "images" is missing, empty, longer than kMaxImages or holds an entry
 /// that is not an object, lacks "device" or "filename", has a "bank" that is not a whole number
 /// from 0 to 255, or names a member by an absolute path, a path with "..", a back-slash or a
-/// drive; an image member is missing, damaged, empty or larger than kMaxImageSize; or two images
-/// go to the same bank of the same device.
+/// drive; an image member is missing, damaged, empty or larger than kMaxImageSize; the images
+/// together hold more than kMaxImagesSize; or two images go to the same bank of the same device.
 class FirmwareBundle {
 public:
     static constexpr qint64 kMaxManifestSize = qint64{64} * 1024;
     static constexpr qint64 kMaxImageSize = qint64{8} * 1024 * 1024;
+    static constexpr qint64 kMaxImagesSize = qint64{32} * 1024 * 1024; ///< all images together
     static constexpr qsizetype kMaxImages = 16;
     static constexpr const char* kManifestName = "bundle.json";
 
