@@ -142,6 +142,9 @@ void FirmwareUpdateModel::requestDetails() {
 }
 
 void FirmwareUpdateModel::selectImages() {
+    if (mState == FirmwareUpdateModelState::Rebooting) {
+        mWatchdog.stop(); // the pump is back
+    }
     mSelected = mBundle->imagesFor(mPartNumber);
     if (mSelected.isEmpty()) {
         BWL_LOG_WARN(
@@ -347,11 +350,20 @@ void FirmwareUpdateModel::onResetDone() {
     mAwaitingReset = false;
     BWL_LOG_INFO("onResetDone", QStringLiteral("Pump restarting into its new firmware"));
     mState = FirmwareUpdateModelState::Rebooting;
+    mWatchdog.start(kRebootLimitMs);
     publish();
     emit reconnectRequested();
 }
 
 void FirmwareUpdateModel::onPumpSilent() {
+    if (mState == FirmwareUpdateModelState::Rebooting) {
+        BWL_LOG_WARN(
+            "onPumpSilent",
+            QStringLiteral("Pump not back %1 ms after its reset").arg(mWatchdog.interval()));
+        mState = FirmwareUpdateModelState::TimedOut;
+        reportError(StateText(mState));
+        return;
+    }
     if (!mUpdating) {
         return;
     }

@@ -41,7 +41,8 @@ namespace firmwareUpdate {
 /// - a request of the update object unanswered four times, or nothing from the pump's update
 ///   object for kPumpSilenceLimitMs (kEraseSilenceLimitMs while it erases): TimedOut, after
 ///   which the pump is told to stop;
-/// - the session lost during the transfer: Disconnected.
+/// - the session lost during the transfer: Disconnected;
+/// - a pump not back within kRebootLimitMs of its reset: TimedOut.
 /// The bundle stays loaded after each of them, so the update can be started again.
 ///
 /// Images are picked by the pump's part number: an image is for the pump when its "device",
@@ -53,6 +54,8 @@ class FirmwareUpdateModel final : public QObject {
 public:
     static constexpr int kPumpSilenceLimitMs = 5000;
     static constexpr int kEraseSilenceLimitMs = 30000;
+    /// A pump not connected again this long after its reset is reported as timed out.
+    static constexpr int kRebootLimitMs = 60000;
 
     FirmwareUpdateModel(common::ArchiveReaderInterface& reader,
                         communication::ProtocolObjectContainer& objects,
