@@ -6,13 +6,11 @@
 #include <unzip.h>
 #include <zlib.h>
 
-#include <array>
-
 namespace common {
 
 namespace {
 
-constexpr std::size_t kReadChunk = std::size_t{64} * 1024;
+constexpr unsigned kReadChunk = 64U * 1024U;
 
 // minizip's file functions over the QIODevice passed as `opaque` (already open for reading).
 voidpf ZCALLBACK OpenDevice(voidpf opaque, const void* /*filename*/, int /*mode*/) {
@@ -170,10 +168,10 @@ bool MiniZipReader::readCurrentMember(const QString& name, qint64 maxSize, QByte
         return false;
     }
     // Grown as the data really comes, never sized from the entry.
-    std::array<char, kReadChunk> chunk{};
+    QByteArray chunk(kReadChunk, Qt::Uninitialized);
     bool complete = true;
     for (;;) {
-        const int count = unzReadCurrentFile(archive, chunk.data(), chunk.size());
+        const int count = unzReadCurrentFile(archive, chunk.data(), kReadChunk);
         if (count == 0) {
             break;
         }
@@ -189,7 +187,7 @@ bool MiniZipReader::readCurrentMember(const QString& name, qint64 maxSize, QByte
             complete = false;
             break;
         }
-        content.append(chunk.data(), count);
+        content.append(chunk.constData(), count);
     }
     const int closed = unzCloseCurrentFile(archive);
     if (!complete) {
