@@ -60,8 +60,8 @@ AppSide::AppSide() : mTransport(mRing.data(), mRing.size(), mScratch.data(), mSc
     const std::uint8_t delimiter = 0;
     mTransport.DataIn(&delimiter, 1);
     const std::pair<std::uint8_t, std::uint8_t> objects[] = {
-        {0, 0}, {1, 1}, {1, 2}, {1, 3}, {2, 1}, {2, 2}, {3, 1},   {3, 2},
-        {4, 1}, {4, 3}, {4, 4}, {5, 1}, {6, 1}, {7, 1}, {0x42, 0}};
+        {0, 0}, {1, 1}, {1, 2}, {1, 3}, {2, 1}, {2, 2}, {3, 1},    {3, 2},
+        {4, 1}, {4, 3}, {4, 4}, {5, 1}, {6, 1}, {7, 1}, {0x42, 0}, {1, 7}};
     for (const auto& [object, instance] : objects) {
         mRecorders.push_back(std::make_unique<Recorder>(*this, *mProtocol, object, instance));
         mProtocol->RegisterMessageHandler(mRecorders.back().get());

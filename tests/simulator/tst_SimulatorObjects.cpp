@@ -51,9 +51,9 @@ private slots:
         QVERIFY(!rig.sim().sessionActive());
         QCOMPARE(rig.askHex(0, 0, 9, Operation::Get), kInvalidAttribute);
         QCOMPARE(rig.askHex(0, 0, 1, Operation::Reset), kInvalidOperation);
-        // Objects that do not exist: an unknown object, and the firmware-update instance.
+        // Objects that do not exist: an unknown object, and an unknown device instance.
         QCOMPARE(rig.askHex(0x42, 0, 0, Operation::Get), kInvalidObject);
-        QCOMPARE(rig.askHex(1, 3, 0, Operation::Get), kInvalidInstance);
+        QCOMPARE(rig.askHex(1, 7, 0, Operation::Get), kInvalidInstance);
     }
 
     void deviceObjects_reportDefaultIdentity() {
@@ -68,6 +68,25 @@ private slots:
         QCOMPARE(rig.askHex(1, 2, 10, Operation::Get),
                  ackWith(QByteArray("Simulated peristaltic pump drive", 33)));
         QCOMPARE(rig.askHex(1, 1, 0, Operation::Get), kInvalidOperation);
+    }
+
+    // What the firmware-update object refuses before any transfer; the transfer itself is
+    // proven end to end against the application's proxy.
+    void firmwareUpdateObject_refusesImpossibleRequests() {
+        SimulatorRig rig;
+        QVERIFY(rig.ok());
+        const QString failed = QStringLiteral("00 03 01");
+        QCOMPARE(rig.askHex(1, 3, 0, Operation::Start, fromHex("00")), kInvalidData);
+        QCOMPARE(rig.askHex(1, 3, 0, Operation::Start, fromHex("00 00000000 00000000")),
+                 kInvalidData); // an empty image
+        QCOMPARE(rig.askHex(1, 3, 0, Operation::Start, fromHex("04 00100000 00000000")),
+                 failed); // no bank 4
+        QCOMPARE(rig.askHex(1, 3, 0, Operation::Start, fromHex("00 01001000 00000000")),
+                 failed); // larger than the bank
+        QCOMPARE(rig.askHex(1, 3, 0, Operation::Verify, fromHex("00")), failed);
+        QCOMPARE(rig.askHex(1, 3, 2, Operation::Set, fromHex("00 00000000 aa")), kInvalidData);
+        QCOMPARE(rig.askHex(1, 3, 0, Operation::Get), kInvalidOperation);
+        QCOMPARE(rig.askHex(1, 3, 9, Operation::Get), kInvalidAttribute);
     }
 
     void deviceObjects_identityFollowsOptions() {

@@ -38,6 +38,8 @@ PumpModel::PumpModel(const SimulatorOptions& options, SimulatorClock& clock, QOb
     : QObject(parent)
     , mOptions(options)
     , mClock(clock)
+    , mFirmwareVersion(options.firmwareVersion)
+    , mInstalledFirmware(options.firmwareVersion)
     , mMeasurementNoise(seedOf(options.seed, kMeasurementSalt))
     , mFilterNoise(seedOf(options.seed, kFilterSalt)) {
     mSettings.headType = options.headType;
@@ -50,6 +52,7 @@ void PumpModel::logEvent(const QString& text) {
 }
 
 void PumpModel::restart() {
+    mFirmwareVersion = mInstalledFirmware;
     mApplicationSpeedDrpm = 0;
     mOverrideActive = false;
     mActualSpeedDrpm = 0.0;
@@ -62,9 +65,9 @@ void PumpModel::restart() {
     }
     sampleMeasurements();
     logEvent(QStringLiteral("Power on, firmware %1.%2.%3")
-                 .arg(mOptions.firmwareVersion.major)
-                 .arg(mOptions.firmwareVersion.minor)
-                 .arg(mOptions.firmwareVersion.patch));
+                 .arg(mFirmwareVersion.major)
+                 .arg(mFirmwareVersion.minor)
+                 .arg(mFirmwareVersion.patch));
 }
 
 void PumpModel::advance(int ms) {

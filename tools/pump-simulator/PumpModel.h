@@ -51,6 +51,10 @@ public:
     PumpModel(const SimulatorOptions& options, SimulatorClock& clock, QObject* parent = nullptr);
 
     const SimulatorOptions& identity() const { return mOptions; }
+    /// The application firmware the pump runs: the option's version until an update installs
+    /// another, which runs from the next restart on.
+    halyard::SemanticVersion firmwareVersion() const { return mFirmwareVersion; }
+    void installFirmware(halyard::SemanticVersion version) { mInstalledFirmware = version; }
     const PumpSettings& settings() const { return mSettings; }
     EventLog& eventLog() { return mEventLog; }
     void logEvent(const QString& text);
@@ -137,6 +141,8 @@ private:
 
     const SimulatorOptions& mOptions;
     SimulatorClock& mClock;
+    halyard::SemanticVersion mFirmwareVersion;
+    halyard::SemanticVersion mInstalledFirmware;
     PumpSettings mSettings;
     EventLog mEventLog;
     QRandomGenerator mMeasurementNoise;

@@ -4,6 +4,7 @@
 #include "objects/AnalogFilterSimObject.h"
 #include "objects/AnalogInputSimObject.h"
 #include "objects/DeviceSimObject.h"
+#include "objects/FirmwareUpdateSimObject.h"
 #include "objects/LoggerSimObject.h"
 #include "objects/MotorSimObject.h"
 #include "objects/MotorStepperSimObject.h"
@@ -53,8 +54,10 @@ void PumpSimulator::registerObjects() {
     mObjects.push_back(
         std::make_unique<DeviceSimObject>(context, mModel, [this]() { restartPump(); }));
     mObjects.push_back(std::make_unique<OemDeviceSimObject>(context, mModel));
-    // The firmware-update object (object 1, instance 3) joins here once the simulated pump can
-    // take firmware; until then the message layer answers InvalidInstance for it.
+    auto firmwareUpdate = std::make_unique<FirmwareUpdateSimObject>(
+        context, mModel, mOptions.firmwareFault, mOptions.paceAtLineRate);
+    mFirmwareUpdate = firmwareUpdate.get();
+    mObjects.push_back(std::move(firmwareUpdate));
     mObjects.push_back(std::make_unique<PumpSimObject>(context, mModel));
     mObjects.push_back(std::make_unique<PrimeSimObject>(context, mModel));
     mObjects.push_back(std::make_unique<MotorSimObject>(context, mModel));
@@ -153,6 +156,7 @@ void PumpSimulator::restartPump() {
     mModel.logEvent(QStringLiteral("Restart"));
     endSession(QStringLiteral("Session ended by restart"));
     mLink.goQuietFor(kRestartQuietMs);
+    mFirmwareUpdate->abandon();
     mModel.restart();
     qInfo("Pump restarting, quiet for %d ms", kRestartQuietMs);
 }

@@ -19,6 +19,7 @@
 namespace simulator {
 
 class SimObject;
+class FirmwareUpdateSimObject;
 
 /// A whole simulated pump on one serial line: the line and the link, the pump model, the
 /// protocol objects, the subscriptions and their updates, and the session with its watch for a
@@ -73,6 +74,7 @@ private:
     SubscriptionTable mSubscriptions;
     UpdateScheduler mScheduler;
     std::vector<std::unique_ptr<SimObject>> mObjects;
+    FirmwareUpdateSimObject* mFirmwareUpdate = nullptr;
 
     QTimer mTickTimer;
     QElapsedTimer mTickClock;

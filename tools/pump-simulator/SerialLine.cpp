@@ -15,8 +15,6 @@ namespace simulator {
 namespace {
 // Beyond this the application is not reading: drop rather than grow without bound.
 constexpr qsizetype kMaxPendingBytes = 1 << 20;
-// A UART's transmit FIFO lets a few bytes go at once after an idle spell.
-constexpr double kMaxBurstBytes = 16.0;
 } // namespace
 
 SerialLine::SerialLine(bool paceAtLineRate, QObject* parent)
@@ -25,6 +23,9 @@ SerialLine::SerialLine(bool paceAtLineRate, QObject* parent)
     mPaceTimer.setInterval(1);
     mPaceTimer.setTimerType(Qt::PreciseTimer);
     connect(&mPaceTimer, &QTimer::timeout, this, &SerialLine::drain);
+    mReceivePaceTimer.setInterval(1);
+    mReceivePaceTimer.setTimerType(Qt::PreciseTimer);
+    connect(&mReceivePaceTimer, &QTimer::timeout, this, &SerialLine::deliverReceived);
 }
 
 SerialLine::~SerialLine() {
@@ -57,7 +58,6 @@ bool SerialLine::openPty(QString& slavePath, QString& error) {
     connect(mWriteNotifier, &QSocketNotifier::activated, this, &SerialLine::drain);
     slavePath = QString::fromLocal8Bit(name);
     mOpen = true;
-    mPaceClock.start();
     return true;
 }
 
@@ -74,8 +74,7 @@ bool SerialLine::openDevice(const QString& path, QString& error) {
         mPort = nullptr;
         return false;
     }
-    connect(mPort, &QSerialPort::readyRead, this,
-            [this]() { emit bytesReceived(mPort->readAll()); });
+    connect(mPort, &QSerialPort::readyRead, this, [this]() { receive(mPort->readAll()); });
     connect(mPort, &QSerialPort::bytesWritten, this, &SerialLine::drain);
     connect(mPort, &QSerialPort::errorOccurred, this,
             [this](QSerialPort::SerialPortError portError) {
@@ -84,7 +83,6 @@ bool SerialLine::openDevice(const QString& path, QString& error) {
                 }
             });
     mOpen = true;
-    mPaceClock.start();
     return true;
 }
 
@@ -93,7 +91,7 @@ void SerialLine::readPty() {
     for (;;) {
         const ssize_t count = ::read(mMasterFd, buffer, sizeof buffer);
         if (count > 0) {
-            emit bytesReceived(QByteArray(buffer, static_cast<qsizetype>(count)));
+            receive(QByteArray(buffer, static_cast<qsizetype>(count)));
             continue;
         }
         if (count < 0 && errno == EINTR) {
@@ -108,6 +106,32 @@ void SerialLine::readPty() {
     }
 }
 
+void SerialLine::receive(const QByteArray& bytes) {
+    if (!mPaced) {
+        emit bytesReceived(bytes);
+        return;
+    }
+    if (mReceived.isEmpty()) {
+        mInPace.startAfterIdle();
+    }
+    mReceived.append(bytes);
+    deliverReceived();
+}
+
+void SerialLine::deliverReceived() {
+    const qint64 count = mInPace.take(mReceived.size());
+    if (count > 0) {
+        const QByteArray arrived = mReceived.left(count);
+        mReceived.remove(0, count);
+        emit bytesReceived(arrived);
+    }
+    if (mReceived.isEmpty()) {
+        mReceivePaceTimer.stop();
+    } else if (!mReceivePaceTimer.isActive()) {
+        mReceivePaceTimer.start();
+    }
+}
+
 void SerialLine::write(const QByteArray& bytes) {
     if (!mOpen) {
         return;
@@ -118,9 +142,7 @@ void SerialLine::write(const QByteArray& bytes) {
         return;
     }
     if (mPaced && mPending.isEmpty()) {
-        // An idle UART lets a FIFO's worth go at once; after that the line rate rules.
-        mAllowance = kMaxBurstBytes;
-        mPaceClock.restart();
+        mOutPace.startAfterIdle();
     }
     mPending.append(bytes);
     drain();
@@ -142,20 +164,14 @@ void SerialLine::drain() {
         }
         return;
     }
-    qint64 budget = mPending.size();
-    if (mPaced) {
-        const double elapsedSeconds = static_cast<double>(mPaceClock.nsecsElapsed()) / 1e9;
-        mPaceClock.restart();
-        mAllowance += elapsedSeconds * kLineBytesPerSecond;
-        budget = qMin(budget, static_cast<qint64>(mAllowance));
-    }
+    const qint64 budget = mPaced ? mOutPace.take(mPending.size()) : mPending.size();
     const qint64 written = budget > 0 ? writeNow(mPending.constData(), budget) : 0;
     if (written > 0) {
         mPending.remove(0, written);
         mBytesWritten += written;
-        if (mPaced) {
-            mAllowance -= static_cast<double>(written);
-        }
+    }
+    if (mPaced && written < budget) {
+        mOutPace.giveBack(budget - qMax<qint64>(written, 0));
     }
     if (mPending.isEmpty()) {
         mPaceTimer.stop();
@@ -177,6 +193,8 @@ void SerialLine::close() {
     }
     mOpen = false;
     mPaceTimer.stop();
+    mReceivePaceTimer.stop();
+    mReceived.clear();
     delete mReadNotifier;
     mReadNotifier = nullptr;
     delete mWriteNotifier;

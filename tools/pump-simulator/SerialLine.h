@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LinePace.h"
+
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
@@ -12,13 +14,15 @@ class QSocketNotifier;
 namespace simulator {
 
 /// The pump's end of the serial line: the master side of a pseudo-terminal pair, or a serial
-/// device. Optionally paces outgoing bytes at the real line rate.
+/// device. Optionally paces the bytes of both directions at the real line rate: what the pump
+/// sends leaves no faster than the line carries it, and what the application writes (which a
+/// pseudo-terminal takes at once) reaches the pump no faster either.
 class SerialLine : public QObject {
     Q_OBJECT
 
 public:
     /// 115200 baud, 8N1: ten bit times per byte.
-    static constexpr double kLineBytesPerSecond = 115200.0 / 10.0;
+    static constexpr double kLineBytesPerSecond = LinePace::kLineBytesPerSecond;
 
     explicit SerialLine(bool paceAtLineRate, QObject* parent = nullptr);
     ~SerialLine() override;
@@ -42,6 +46,8 @@ signals:
 
 private:
     void readPty();
+    void receive(const QByteArray& bytes);
+    void deliverReceived();
     void drain();
     qint64 writeNow(const char* data, qint64 length);
 
@@ -54,8 +60,10 @@ private:
     QSerialPort* mPort = nullptr;
     QByteArray mPending;
     QTimer mPaceTimer;
-    QElapsedTimer mPaceClock;
-    double mAllowance = 0.0;
+    LinePace mOutPace;
+    QByteArray mReceived; // paced: arrived, not yet through the line
+    QTimer mReceivePaceTimer;
+    LinePace mInPace;
     qint64 mBytesWritten = 0;
 };
 

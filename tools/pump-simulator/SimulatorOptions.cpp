@@ -3,6 +3,9 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <iterator>
+
 namespace simulator {
 
 namespace {
@@ -87,6 +90,12 @@ struct Definitions {
     QCommandLineOption pace{QStringLiteral("pace"),
                             QStringLiteral("Send bytes no faster than 115200 8N1 carries them "
                                            "(11520 bytes/s).")};
+    QCommandLineOption firmwareFault{
+        QStringLiteral("firmware-fault"),
+        QStringLiteral("Fail the first firmware transfer once: erase (erase failed), program "
+                       "(program failed halfway), verify (CRC mismatch) or silent (stop asking "
+                       "for data halfway)."),
+        QStringLiteral("KIND")};
     QCommandLineOption unplug{QStringLiteral("unplug-after"),
                               QStringLiteral("Close the line after MS milliseconds, as if the "
                                              "cable were pulled, and exit."),
@@ -117,7 +126,8 @@ struct Definitions {
                            duplicateOut,  stall,
                            stallInterval, pace,
                            unplug,        seed,
-                           frameLog,      noConsole});
+                           frameLog,      noConsole,
+                           firmwareFault});
     }
 };
 
@@ -327,6 +337,24 @@ std::optional<SimulatorOptions> SimulatorOptions::parse(const QStringList& argum
             return fail(d.seed.names().first(), parser.value(d.seed));
         }
         options.seedGiven = true;
+    }
+    if (parser.isSet(d.firmwareFault)) {
+        const QString fault = parser.value(d.firmwareFault);
+        const struct {
+            const char* name;
+            FirmwareFault fault;
+        } faults[] = {{"erase", FirmwareFault::Erase},
+                      {"program", FirmwareFault::Program},
+                      {"verify", FirmwareFault::Verify},
+                      {"silent", FirmwareFault::Silent}};
+        const auto* match =
+            std::find_if(std::begin(faults), std::end(faults), [&fault](const auto& entry) {
+                return fault == QLatin1String(entry.name);
+            });
+        if (match == std::end(faults)) {
+            return fail(d.firmwareFault.names().first(), fault);
+        }
+        options.firmwareFault = match->fault;
     }
     options.frameLogPath = parser.value(d.frameLog);
     return options;

@@ -22,6 +22,8 @@ struct DirectionFaults {
 struct SimulatorOptions {
     enum class Variant { Analog, Network };
     enum class Motor { Stepper, Bldc };
+    /// A failure the firmware-update object plays once, on the first transfer that gets that far.
+    enum class FirmwareFault { None, Erase, Program, Verify, Silent };
 
     // The line.
     bool usePty = true;
@@ -50,6 +52,7 @@ struct SimulatorOptions {
     int stallIntervalMs = 5000;
     std::uint64_t seed = 0;
     bool seedGiven = false;
+    FirmwareFault firmwareFault = FirmwareFault::None;
     QString frameLogPath; // "-" = standard error
     bool console = true;
 

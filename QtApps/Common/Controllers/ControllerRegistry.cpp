@@ -1,5 +1,6 @@
 #include "ControllerRegistry.h"
 
+#include "FirmwareUpdateController.h"
 #include "PumpAnalogFilterController.h"
 #include "PumpApplicationSpeedController.h"
 #include "PumpDetailsController.h"
@@ -22,6 +23,7 @@ namespace communication {
 
 // Created in this order, and published in the order of their modules' registration.
 ControllerRegistry::ControllerRegistry(ProtocolComms& comms, PumpValues& values,
+                                       common::ArchiveReaderInterface& zipReader,
                                        const QStringList& portNames, QCoreApplication& application)
     : mPumpSession(new PumpSession(comms, portNames, &comms))
     , mAnalogFilter(new PumpAnalogFilterController(values, mClock, this))
@@ -38,11 +40,13 @@ ControllerRegistry::ControllerRegistry(ProtocolComms& comms, PumpValues& values,
           &values.get<PumpFrequencySpeedRange>(), this))
     , mSpeedRange(new PumpSpeedRangeController(values, *mCurrentResolution, *mVoltageResolution,
                                                *mFrequencyResolution, this))
-    , mSettings(new PumpSettingsController(values, this)) {
+    , mSettings(new PumpSettingsController(values, this))
+    , mFirmwareUpdate(new firmwareUpdate::FirmwareUpdateController(
+          zipReader, comms.protocolObjects(), values, *mSession, this)) {
     PumpAnalogFilterController::publish(mAnalogFilter);
     PumpApplicationSpeedController::publish(mApplicationSpeed);
     PumpDetailsController::publish(mDetails);
-    // The firmware-update controller takes its place here.
+    firmwareUpdate::FirmwareUpdateController::publish(mFirmwareUpdate);
     PumpNetworkController::publish(mNetwork);
     PumpSessionController::publish(mSession);
     PumpSettingsController::publish(mSettings);

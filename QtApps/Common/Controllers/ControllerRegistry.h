@@ -7,6 +7,12 @@
 
 class QCoreApplication;
 
+namespace common {
+class ArchiveReaderInterface;
+}
+namespace firmwareUpdate {
+class FirmwareUpdateController;
+}
 namespace speedResolution {
 class SpeedResolutionCurrent;
 class SpeedResolutionVoltage;
@@ -39,7 +45,9 @@ class ControllerRegistry final : public QObject {
 
 public:
     /// `portNames`: the serial ports the session scans; empty means every port the platform lists.
-    ControllerRegistry(ProtocolComms& comms, PumpValues& values, const QStringList& portNames,
+    /// `zipReader` reads firmware bundles; it lives on the comms thread.
+    ControllerRegistry(ProtocolComms& comms, PumpValues& values,
+                       common::ArchiveReaderInterface& zipReader, const QStringList& portNames,
                        QCoreApplication& application);
     ~ControllerRegistry() override;
 
@@ -54,6 +62,9 @@ public:
     PumpValuesController& valuesController() const { return *mValues; }
     PumpSpeedRangeController& speedRangeController() const { return *mSpeedRange; }
     PumpSettingsController& settingsController() const { return *mSettings; }
+    firmwareUpdate::FirmwareUpdateController& firmwareUpdateController() const {
+        return *mFirmwareUpdate;
+    }
 
 private:
     wrappers::SystemWrapper mClock;
@@ -69,6 +80,7 @@ private:
     speedResolution::SpeedResolutionFrequency* mFrequencyResolution;
     PumpSpeedRangeController* mSpeedRange;
     PumpSettingsController* mSettings;
+    firmwareUpdate::FirmwareUpdateController* mFirmwareUpdate;
 };
 
 } // namespace communication

@@ -3,6 +3,7 @@
 #include "QtApps/Common/Controllers/ControllerRegistry.h"
 #include "QtApps/Common/Core/Communication/ProtocolComms.h"
 #include "QtApps/Common/Logger/LoggerInstantiation.h"
+#include "QtApps/Common/Model/FirmwareUpdate/MiniZipReader.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "QtApps/Common/Models/ModelRegistry.h"
 
@@ -18,7 +19,9 @@ constexpr unsigned long kCommsThreadExitWaitMs = 2000;
 ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames)
     : mComms(new communication::ProtocolComms(*this))
     , mValues(new communication::PumpValues(*mComms))
-    , mControllers(new communication::ControllerRegistry(*mComms, *mValues, portNames, application))
+    , mZipReader(new common::MiniZipReader(mComms))
+    , mControllers(new communication::ControllerRegistry(*mComms, *mValues, *mZipReader, portNames,
+                                                         application))
     , mModels(new models::ModelRegistry(*mValues, *mControllers, application))
     , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName())) {
     mCommsThread.setObjectName(QStringLiteral("ProtocolCommsThread"));

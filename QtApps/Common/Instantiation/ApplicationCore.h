@@ -8,6 +8,9 @@
 
 class QCoreApplication;
 
+namespace common {
+class MiniZipReader;
+}
 namespace communication {
 class ControllerRegistry;
 class ProtocolComms;
@@ -44,6 +47,8 @@ private:
     QPointer<communication::ProtocolComms> mComms;
     // A child of the comms object: it moves and is deleted with it.
     QPointer<communication::PumpValues> mValues;
+    // Also a child of the comms object: the firmware update reads bundles on the link's thread.
+    QPointer<common::MiniZipReader> mZipReader;
     QPointer<communication::ControllerRegistry> mControllers;
     QPointer<models::ModelRegistry> mModels;
     QPointer<logger::LoggerInstantiation> mLogger;

@@ -1,5 +1,6 @@
 import QtQuick
 import QtTest
+import cpp.FirmwareUpdateController
 import cpp.PumpAnalogFilterController
 import cpp.PumpApplicationSpeedController
 import cpp.PumpDetailsController
@@ -30,6 +31,9 @@ TestCase {
         verify(!PumpSpeedRangeController.setEnableLineSpeedDrpm(-10))
         compare(PumpValuesController.pumpActualSpeedDrpm, 0)
         compare(PumpValuesController.direction, "Forward")
+        compare(FirmwareUpdateController.state, 0)
+        compare(FirmwareUpdateController.updateEnabled, false)
+        FirmwareUpdateController.startUpdate()
         PumpValuesController.subscribe()
     }
 }

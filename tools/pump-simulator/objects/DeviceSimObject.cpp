@@ -17,11 +17,9 @@ bool DeviceSimObject::writeAttribute(std::uint8_t attribute,
     if (attribute != 0) {
         return false;
     }
-    const SimulatorOptions& identity = mModel.identity();
-    return writer.Write(identity.effectiveDeviceType()) &&
-           writer.Write(identity.firmwareVersion.major) &&
-           writer.Write(identity.firmwareVersion.minor) &&
-           writer.Write(identity.firmwareVersion.patch);
+    const halyard::SemanticVersion firmware = mModel.firmwareVersion();
+    return writer.Write(mModel.identity().effectiveDeviceType()) && writer.Write(firmware.major) &&
+           writer.Write(firmware.minor) && writer.Write(firmware.patch);
 }
 
 void DeviceSimObject::onRequest(const Message& request) {

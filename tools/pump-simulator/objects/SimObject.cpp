@@ -27,8 +27,10 @@ bool SimObject::publishes(std::uint8_t attribute) const {
 bool SimObject::Handle(const Message& message) {
     switch (message.type) {
     case msg::Type::AckStatus:
+        onAnswer(message);
         return true; // the application took one of our updates
     case msg::Type::NakStatus:
+        onAnswer(message);
         if (message.status == Status::RequestAckTimeout) {
             ++mMissedUpdates;
         } else {

@@ -47,6 +47,10 @@ public:
 protected:
     /// Every request other than subscribe and unsubscribe.
     virtual void onRequest(const Message& request) = 0;
+    /// The application's answer to one of this object's own requests (AckStatus or NakStatus,
+    /// also the time-out the request log reports); updates need nothing more than the count of
+    /// missed ones.
+    virtual void onAnswer(const Message& /*answer*/) {}
     /// Writes an attribute's value for gets and updates; false when there is no such attribute.
     virtual bool writeAttribute(std::uint8_t attribute, halyard::protocol::PayloadWriter& writer);
 
