@@ -32,6 +32,7 @@ T.ComboBox {
         highlighted: control.highlightedIndex === index
         font: control.font
         // qmllint enable unqualified
+        objectName: "option_" + optionText
         Accessible.role: Accessible.ListItem
         Accessible.name: option.optionText
         contentItem: Text {

@@ -1,5 +1,6 @@
 import QtQuick
 import BwConstants
+import BwLib
 
 // A note that tells the user something before they act: an icon and a wrapped text. `kind` is
 // "info" or "warning".

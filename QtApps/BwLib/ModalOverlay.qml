@@ -37,14 +37,18 @@ T.Popup {
     onOpened: accepted = false
     property bool accepted: false
 
+    // The height left for the content between the message and the buttons.
+    readonly property real contentRoom: Math.max(BwSpacing.controlHeight,
+        (parent ? parent.height : BwSpacing.appMinHeight) - 2 * BwSpacing.large - topPadding
+        - bottomPadding - (titleText.visible ? titleText.height + column.spacing : 0)
+        - (messageText.visible ? messageText.height + column.spacing : 0)
+        - buttonRow.height - column.spacing)
+
     function confirm() {
         accepted = true
         close()
         confirmed()
     }
-
-    Accessible.role: Accessible.Dialog
-    Accessible.name: overlay.title
 
     T.Overlay.modal: Rectangle {
         color: Qt.rgba(0, 0, 0, 0.35)
@@ -63,7 +67,10 @@ T.Popup {
         spacing: BwSpacing.medium
         Keys.onReturnPressed: overlay.confirm()
         Keys.onEnterPressed: overlay.confirm()
+        Accessible.role: Accessible.Dialog
+        Accessible.name: overlay.title
         Text {
+            id: titleText
             width: parent.width
             text: overlay.title
             visible: text.length > 0
@@ -73,6 +80,7 @@ T.Popup {
             wrapMode: Text.Wrap
         }
         Text {
+            id: messageText
             width: parent.width
             text: overlay.text
             visible: text.length > 0
@@ -80,12 +88,23 @@ T.Popup {
             color: BwColours.text
             wrapMode: Text.Wrap
         }
-        Column {
-            id: extra
+        // Content taller than the window scrolls; the title and the buttons always show.
+        ScrollView {
+            id: scroller
             width: parent.width
-            spacing: BwSpacing.small
+            height: Math.min(extra.implicitHeight, overlay.contentRoom)
+            visible: extra.children.length > 0
+            contentWidth: availableWidth
+            contentHeight: extra.implicitHeight
+            clip: true
+            Column {
+                id: extra
+                width: scroller.availableWidth
+                spacing: BwSpacing.small
+            }
         }
         Row {
+            id: buttonRow
             anchors.right: parent.right
             spacing: BwSpacing.small
             Button {
