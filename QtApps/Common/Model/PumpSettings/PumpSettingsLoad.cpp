@@ -1,11 +1,10 @@
 #include "PumpSettingsLoad.h"
 
+#include "SettingsDocument.h"
+
 #include "QtApps/Common/Controllers/QueuedCall.h"
 #include "QtApps/Common/Logger/Log.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
-
-#include <QJsonDocument>
-#include <QJsonParseError>
 
 namespace pumpSettings {
 
@@ -49,26 +48,11 @@ bool PumpSettingsLoad::start(const QUrl& filePath, Mode mode) {
 
 std::optional<PumpSettingsResultType> PumpSettingsLoad::readRoot() {
     // Read with a bound, so that neither a huge file nor an endless device is taken in whole.
-    const QByteArray bytes = mFile.read(kMaxFileBytes + 1);
-    if (bytes.size() > kMaxFileBytes) {
-        BWL_LOG_WARN(
-            "readRoot",
-            QStringLiteral("Not a settings file: larger than %1 bytes").arg(kMaxFileBytes));
+    const auto root = settingsDocumentRoot(mFile.read(kMaxSettingsFileBytes + 1));
+    if (!root) {
         return PumpSettingsResultType::InvalidFileFormat;
     }
-    QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError) {
-        BWL_LOG_WARN("readRoot", QStringLiteral("Not a JSON document: %1 at offset %2")
-                                     .arg(error.errorString())
-                                     .arg(error.offset));
-        return PumpSettingsResultType::InvalidFileFormat;
-    }
-    if (!document.isObject()) {
-        BWL_LOG_WARN("readRoot", QStringLiteral("The document's root is not an object"));
-        return PumpSettingsResultType::InvalidFileFormat;
-    }
-    mRoot = document.object();
+    mRoot = *root;
     return std::nullopt;
 }
 

@@ -24,8 +24,6 @@ class PumpSettingsLoad final : public PumpSettings {
 
 public:
     static constexpr int kResetDelayMs = 1500;
-    /// A settings file is about a kilobyte; anything this large is not one, and is not read.
-    static constexpr qint64 kMaxFileBytes = 1024 * 1024;
 
     explicit PumpSettingsLoad(communication::PumpValues& values, QObject* parent = nullptr);
 
