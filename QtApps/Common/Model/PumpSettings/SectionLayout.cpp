@@ -64,8 +64,9 @@ SectionLayout::SectionLayout(std::vector<FieldSpec> fields, std::vector<GroupSpe
 }
 
 bool SectionLayout::read(const QJsonObject& section, FieldValues& values, QString& error) const {
-    if (!readFields(section, mFields, static_cast<qsizetype>(mFields.size() + mGroups.size()),
-                    QString(), values, error)) {
+    const auto keys =
+        static_cast<qsizetype>(mFields.size()) + static_cast<qsizetype>(mGroups.size());
+    if (!readFields(section, mFields, keys, QString(), values, error)) {
         return false;
     }
     for (const GroupSpec& group : mGroups) {
