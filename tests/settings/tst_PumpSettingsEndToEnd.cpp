@@ -4,6 +4,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/SimulatorLink.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonDocument>
@@ -144,7 +145,7 @@ private slots:
     void saveThenLoad_fileHasItsLayoutAndLoadsBackIntoThePumpWhichRestarts();
     void load_filesThatDoNotFitThePumpAreRefused_data();
     void load_filesThatDoNotFitThePumpAreRefused();
-    void save_pumpThatStopsAnsweringTimesOutAfterFiveSeconds();
+    void save_pumpThatStopsAnsweringTimesOutAfterFiveSecondsLeavingTheOldFile();
     void load_pumpThatClampsASettingIsReportedAndNotReset();
 
 private:
@@ -318,12 +319,16 @@ void PumpSettingsEndToEndTest::load_filesThatDoNotFitThePumpAreRefused() {
     QCOMPARE(pump.controller->configLoadResult(), result);
 }
 
-void PumpSettingsEndToEndTest::save_pumpThatStopsAnsweringTimesOutAfterFiveSeconds() {
+void PumpSettingsEndToEndTest::
+    save_pumpThatStopsAnsweringTimesOutAfterFiveSecondsLeavingTheOldFile() {
     testsupport::LogCapture log;
     // The pump hears nothing the application sends.
     Pump pump({QStringLiteral("--drop-in"), QStringLiteral("1")});
     QVERIFY(pump.start());
-    const QString path = mFolder.filePath(QStringLiteral("never.json"));
+    // A file saved earlier, which the failed save must leave as it was.
+    const QString path = mFolder.filePath(QStringLiteral("earlier.json"));
+    writeObject(path, analogFile());
+    const QByteArray earlier = readAll(path);
 
     QElapsedTimer elapsed;
     elapsed.start();
@@ -333,7 +338,9 @@ void PumpSettingsEndToEndTest::save_pumpThatStopsAnsweringTimesOutAfterFiveSecon
     QVERIFY(!pump.controller->configSaveSuccess());
     QCOMPARE(pump.controller->configSaveResult(), QStringLiteral("Pump response timeout"));
     QCOMPARE(log.count(QStringLiteral("OnTimeout: Timed out requesting settings.")), 1);
-    QVERIFY(!QFile::exists(path));
+    QCOMPARE(readAll(path), earlier);
+    QCOMPARE(QDir(mFolder.path()).entryList({QStringLiteral("earlier.json*")}),
+             QStringList{"earlier.json"});
 }
 
 void PumpSettingsEndToEndTest::load_pumpThatClampsASettingIsReportedAndNotReset() {

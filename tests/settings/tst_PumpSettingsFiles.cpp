@@ -232,7 +232,11 @@ void PumpSettingsFilesTest::load_fittingFileGoesOnToReadThePump() {
     QCOMPARE(rig.countSent(6, 1, 4, ControllerRig::Operation::Get), network ? 1 : 0);
     QCOMPARE(rig.countSent(ControllerRig::Operation::Set), 0);
     QCOMPARE(results.count(), 0);
+    // One at a time.
     QVERIFY(controller.settingsFileBusy());
+    QVERIFY(!controller.previewLoad(path));
+    QVERIFY(!controller.save(folder.filePath(QStringLiteral("other.json"))));
+    QVERIFY(!controller.load(path));
 }
 
 void PumpSettingsFilesTest::save_unwritableTargetFailsBeforeAskingThePump() {

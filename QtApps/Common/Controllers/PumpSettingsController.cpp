@@ -164,16 +164,25 @@ bool PumpSettingsController::settingsFileBusy() const {
     return mSave->running() || mLoad->running();
 }
 
+bool PumpSettingsController::idle(const char* what) const {
+    if (settingsFileBusy()) {
+        BWL_LOG_WARN(what, QStringLiteral("%1 refused: a save, preview or load is running")
+                               .arg(QString::fromLatin1(what)));
+        return false;
+    }
+    return true;
+}
+
 bool PumpSettingsController::save(const QString& filePath) {
-    return !settingsFileBusy() && mSave->save(settingsFileUrl(filePath));
+    return idle("save") && mSave->save(settingsFileUrl(filePath));
 }
 
 bool PumpSettingsController::load(const QString& filePath) {
-    return !settingsFileBusy() && mLoad->load(settingsFileUrl(filePath));
+    return idle("load") && mLoad->load(settingsFileUrl(filePath));
 }
 
 bool PumpSettingsController::previewLoad(const QString& filePath) {
-    return !settingsFileBusy() && mLoad->preview(settingsFileUrl(filePath));
+    return idle("previewLoad") && mLoad->preview(settingsFileUrl(filePath));
 }
 
 void PumpSettingsController::onSaveResult(bool success, PumpSettingsResultType result) {

@@ -135,6 +135,8 @@ private slots:
     void onControlInputReported(halyard::pump::ControlInput controlInput);
 
 private:
+    /// Whether no save, preview or load runs; logs the refusal of `what` otherwise.
+    bool idle(const char* what) const;
     void onSaveResult(bool success, pumpSettings::PumpSettingsResultType result);
     void onLoadResult(bool success, pumpSettings::PumpSettingsResultType result);
     void onPreviewResult(bool success, pumpSettings::PumpSettingsResultType result);

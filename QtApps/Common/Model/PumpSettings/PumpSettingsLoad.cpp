@@ -62,9 +62,10 @@ void PumpSettingsLoad::onDetails() {
     for (auto& [name, section] : mSections) {
         const QJsonValue object = mRoot.value(name);
         if (!object.isObject()) {
-            BWL_LOG_WARN("onDetails", QStringLiteral("The file has no section \"%1\", which this "
-                                                     "pump's settings need")
-                                          .arg(name));
+            BWL_LOG_WARN("onDetails",
+                         QStringLiteral("The file's \"%1\" section, which this pump's settings "
+                                        "need, is missing or not an object")
+                             .arg(name));
             finish(false, PumpSettingsResultType::InvalidFileFormat);
             return;
         }

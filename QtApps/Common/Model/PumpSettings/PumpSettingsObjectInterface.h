@@ -16,6 +16,7 @@ class PumpSettingsObjectInterface : public QObject {
 public:
     using QObject::QObject;
 
+public slots:
     /// Asks the pump for every value of the section.
     virtual void request() = 0;
     /// Checks the section's object of a file and keeps its values; on failure writes why to
