@@ -15,6 +15,8 @@ function(bwl_add_translations target)
          ${BWL_QTAPPS_DIR}/Common/Controllers/*.cpp ${BWL_QTAPPS_DIR}/Common/Controllers/*.h)
     file(GLOB Model_sources CONFIGURE_DEPENDS
          ${BWL_QTAPPS_DIR}/Common/Model/*.cpp ${BWL_QTAPPS_DIR}/Common/Model/*.h
+         ${BWL_QTAPPS_DIR}/Common/Model/PumpSettings/*.cpp
+         ${BWL_QTAPPS_DIR}/Common/Model/PumpSettings/*.h
          ${BWL_QTAPPS_DIR}/Common/Models/*.cpp ${BWL_QTAPPS_DIR}/Common/Models/*.h)
     file(GLOB_RECURSE Model.FirmwareUpdate_sources CONFIGURE_DEPENDS
          ${BWL_QTAPPS_DIR}/Common/Model/FirmwareUpdate/*.cpp

@@ -125,6 +125,32 @@ private slots:
         QVERIFY(many.inputVariance > 100.0F * many.outputVariance);
     }
 
+    void clampSpeedsToHead_speedsAboveTheFittedHeadsRatingAreReduced() {
+        SimulatorOptions options;
+        options.headType = 24; // BW-X24, rated 1650 drpm
+        simulator::SimulatorClock clock;
+        PumpModel plain(options, clock);
+        QVERIFY(plain.setPrimeSpeed(2000));
+        QCOMPARE(plain.settings().primeSpeedDrpm, 2000u);
+
+        options.clampSpeedsToHead = true;
+        PumpModel model(options, clock);
+        QVERIFY(model.setPrimeSpeed(2000));
+        QCOMPARE(model.settings().primeSpeedDrpm, 1650u);
+        QVERIFY(model.setEnableLineSpeed(1651));
+        QCOMPARE(model.settings().enableLineSpeedDrpm, 1650u);
+        QVERIFY(model.setSpeedRange(SpeedInput::Voltage, {1000, 3000, 0, 10000, 50}));
+        QCOMPARE(model.settings().speedRanges[1].minimumSpeedDrpm, 1000u);
+        QCOMPARE(model.settings().speedRanges[1].maximumSpeedDrpm, 1650u);
+        QVERIFY(model.eventLog().entries().last().contains("reduced to the head's rated 1650"));
+        QVERIFY(model.setPrimeSpeed(1650));
+        QCOMPARE(model.settings().primeSpeedDrpm, 1650u);
+        // A pump without a head has no rating to keep to.
+        QVERIFY(model.setHead(0));
+        QVERIFY(model.setPrimeSpeed(3000));
+        QCOMPARE(model.settings().primeSpeedDrpm, 3000u);
+    }
+
     void console_commandsDriveTheMachine() {
         SimulatorOptions options;
         simulator::PumpSimulator pump(options); // no line needed
@@ -152,6 +178,9 @@ private slots:
         QCOMPARE(console.execute("cool"), QStringLiteral("cooling"));
         QVERIFY(console.execute("status").contains("session closed"));
         QVERIFY(console.execute("log").contains("Prime started"));
+        QVERIFY(model.setPrimeSpeed(1234));
+        QVERIFY(console.execute("settings").contains("prime speed 1234 drpm"));
+        QVERIFY(console.execute("settings").contains("voltage: 0..3000 drpm over input 0..10000"));
         QCOMPARE(console.execute("restart"), QStringLiteral("restarting"));
         QVERIFY(model.eventLog().entries().last().contains("Power on"));
         QSignalSpy quit(&console, &simulator::Console::quitRequested);

@@ -24,6 +24,49 @@ std::optional<bool> onOff(const QString& word) {
     return std::nullopt;
 }
 
+QString address(std::uint32_t value) {
+    return QStringLiteral("%1.%2.%3.%4")
+        .arg(value >> 24U)
+        .arg((value >> 16U) & 0xFFU)
+        .arg((value >> 8U) & 0xFFU)
+        .arg(value & 0xFFU);
+}
+
+// Every setting an application's settings file carries, so that a load can be seen here.
+QString settingsText(const PumpSettings& settings) {
+    QStringList lines{
+        QStringLiteral("control input %1, enable-line speed %2 drpm, prime speed %3 drpm")
+            .arg(catalogue::controlInputName(settings.controlInput))
+            .arg(settings.enableLineSpeedDrpm)
+            .arg(settings.primeSpeedDrpm),
+        QStringLiteral("acceleration %1 rpm/s, deceleration %2 rpm/s, head %3")
+            .arg(static_cast<double>(settings.accelerationRpmPerSec))
+            .arg(static_cast<double>(settings.decelerationRpmPerSec))
+            .arg(QLatin1String(catalogue::pumpHeads()[settings.headType].name))};
+    const char* const inputs[kSpeedInputCount] = {"current", "voltage", "frequency"};
+    const std::uint32_t samples[kSpeedInputCount] = {settings.numSamplesCurrent,
+                                                     settings.numSamplesVoltage, 0};
+    for (std::size_t i = 0; i < kSpeedInputCount; ++i) {
+        const SpeedRangeProfile& range = settings.speedRanges[i];
+        QString line = QStringLiteral("%1: %2..%3 drpm over input %4..%5, hysteresis %6")
+                           .arg(QLatin1String(inputs[i]))
+                           .arg(range.minimumSpeedDrpm)
+                           .arg(range.maximumSpeedDrpm)
+                           .arg(range.minimumInput)
+                           .arg(range.maximumInput)
+                           .arg(range.hysteresis);
+        if (samples[i] != 0) {
+            line += QStringLiteral(", filter %1 samples").arg(samples[i]);
+        }
+        lines.append(line);
+    }
+    const IpConfig& ip = settings.ipConfig;
+    lines.append(QStringLiteral("network: address %1, mask %2, gateway %3, DHCP %4")
+                     .arg(address(ip.address), address(ip.subnetMask), address(ip.gateway),
+                          ip.dhcpEnabled ? QStringLiteral("on") : QStringLiteral("off")));
+    return lines.join(QLatin1Char('\n'));
+}
+
 } // namespace
 
 Console::Console(PumpSimulator& simulator, QObject* parent)
@@ -44,6 +87,7 @@ QString Console::helpText() {
         "  restart                       restart the pump\n"
         "  unplug                        close the line and exit\n"
         "  status                        link, session and machine state\n"
+        "  settings                      the settings a settings file carries\n"
         "  log                           print the event log\n"
         "  help                          this text\n"
         "  quit                          exit");
@@ -159,6 +203,9 @@ QString Console::execute(const QString& line) {
             .arg(model.coverOpen() ? QStringLiteral("open") : QStringLiteral("closed"))
             .arg(model.trueTemperatureC(), 0, 'f', 1)
             .arg(model.powerW(), 0, 'f', 1);
+    }
+    if (command == QLatin1String("settings")) {
+        return settingsText(model.settings());
     }
     if (command == QLatin1String("log")) {
         const QStringList& entries = model.eventLog().entries();

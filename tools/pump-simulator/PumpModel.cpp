@@ -291,11 +291,23 @@ void PumpModel::setApplicationOverrideActive(bool active) {
     }
 }
 
+std::uint32_t PumpModel::limitedToHead(std::uint32_t speedDrpm, const char* what) {
+    const std::uint32_t rated = catalogue::pumpHeads()[mSettings.headType].maxSpeedDrpm;
+    if (!mOptions.clampSpeedsToHead || rated == 0 || speedDrpm <= rated) {
+        return speedDrpm;
+    }
+    logEvent(QStringLiteral("%1 %2 drpm reduced to the head's rated %3 drpm")
+                 .arg(QLatin1String(what))
+                 .arg(speedDrpm)
+                 .arg(rated));
+    return rated;
+}
+
 bool PumpModel::setPrimeSpeed(std::uint32_t speedDrpm) {
     if (speedDrpm > kMaxSpeedDrpm) {
         return false;
     }
-    mSettings.primeSpeedDrpm = speedDrpm;
+    mSettings.primeSpeedDrpm = limitedToHead(speedDrpm, "Prime speed");
     return true;
 }
 
@@ -321,7 +333,10 @@ bool PumpModel::setSpeedRange(SpeedInput input, const SpeedRangeProfile& profile
     if (!profile.fitsWithin(limits::kSpeedRangeLimits[indexOf(input)])) {
         return false;
     }
-    mSettings.speedRanges[indexOf(input)] = profile;
+    SpeedRangeProfile taken = profile;
+    taken.minimumSpeedDrpm = limitedToHead(profile.minimumSpeedDrpm, "Speed-range minimum speed");
+    taken.maximumSpeedDrpm = limitedToHead(profile.maximumSpeedDrpm, "Speed-range maximum speed");
+    mSettings.speedRanges[indexOf(input)] = taken;
     updateCommandedSpeeds();
     return true;
 }
@@ -343,7 +358,7 @@ bool PumpModel::setEnableLineSpeed(std::uint32_t speedDrpm) {
     if (speedDrpm < limits::kMinimumEnableLineSpeedDrpm || speedDrpm > kMaxSpeedDrpm) {
         return false;
     }
-    mSettings.enableLineSpeedDrpm = speedDrpm;
+    mSettings.enableLineSpeedDrpm = limitedToHead(speedDrpm, "Enable-line speed");
     return true;
 }
 

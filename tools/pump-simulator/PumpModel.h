@@ -137,6 +137,9 @@ private:
     void updateCommandedSpeeds();
     void checkTemperature();
     bool stoppingFaultActive() const;
+    /// `speedDrpm` as the drive takes it: with --clamp-speeds-to-head no faster than the fitted
+    /// head's rated speed (a head without a rating limits nothing); a reduction is logged.
+    std::uint32_t limitedToHead(std::uint32_t speedDrpm, const char* what);
     double gaussian(QRandomGenerator& random);
 
     const SimulatorOptions& mOptions;

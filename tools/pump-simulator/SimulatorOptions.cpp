@@ -55,6 +55,10 @@ struct Definitions {
         QStringLiteral("max-subscriptions"),
         QStringLiteral("Subscriptions held at once; more are refused (default 32)."),
         QStringLiteral("N")};
+    QCommandLineOption clampSpeeds{
+        QStringLiteral("clamp-speeds-to-head"),
+        QStringLiteral("Reduce prime, enable-line and speed-range speeds set above the fitted "
+                       "head's rated speed to it, and acknowledge the Set.")};
     QCommandLineOption latency{QStringLiteral("latency"),
                                QStringLiteral("Delay before each frame to the application "
                                               "(default 0)."),
@@ -113,21 +117,12 @@ struct Definitions {
                                                 "input.")};
 
     void addTo(QCommandLineParser& parser) const {
-        parser.addOptions({help,          pty,
-                           device,        variant,
-                           motor,         deviceType,
-                           motorType,     head,
-                           serial,        partNumber,
-                           description,   firmware,
-                           protocol,      maxSubscriptions,
-                           latency,       dropIn,
-                           dropOut,       corruptIn,
-                           corruptOut,    duplicateIn,
-                           duplicateOut,  stall,
-                           stallInterval, pace,
-                           unplug,        seed,
-                           frameLog,      noConsole,
-                           firmwareFault});
+        parser.addOptions({help,        pty,          device,   variant,          motor,
+                           deviceType,  motorType,    head,     serial,           partNumber,
+                           description, firmware,     protocol, maxSubscriptions, clampSpeeds,
+                           latency,     dropIn,       dropOut,  corruptIn,        corruptOut,
+                           duplicateIn, duplicateOut, stall,    stallInterval,    pace,
+                           unplug,      seed,         frameLog, noConsole,        firmwareFault});
     }
 };
 
@@ -239,6 +234,7 @@ std::optional<SimulatorOptions> SimulatorOptions::parse(const QStringList& argum
     }
     options.paceAtLineRate = parser.isSet(d.pace);
     options.console = !parser.isSet(d.noConsole);
+    options.clampSpeedsToHead = parser.isSet(d.clampSpeeds);
 
     const QString variant = parser.value(d.variant);
     if (variant == QLatin1String("analog")) {

@@ -43,6 +43,9 @@ struct SimulatorOptions {
     halyard::SemanticVersion firmwareVersion{1, 16, 1};
     halyard::SemanticVersion protocolVersion{1, 0, 0};
     int maxSubscriptions = 32;
+    /// Speeds set above the fitted head's rated speed are reduced to it, as a drive that
+    /// protects its head does (the Set is still acknowledged).
+    bool clampSpeedsToHead = false;
 
     // Link behaviour and fault injection.
     int replyLatencyMs = 0;

@@ -5,16 +5,48 @@
 
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/EnumerationTexts.h"
 #include "QtApps/Common/Logger/Log.h"
+#include "QtApps/Common/Model/PumpSettings/PumpSettingsLoad.h"
+#include "QtApps/Common/Model/PumpSettings/PumpSettingsSave.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "QtApps/Common/Model/PumpValues/WireConversions.h"
+
+#include <QUrl>
+#include <QVariantMap>
 
 namespace communication {
 
 using halyard::pump::ControlInput;
+using pumpSettings::PumpSettings;
+using pumpSettings::PumpSettingsLoad;
+using pumpSettings::PumpSettingsResultType;
+using pumpSettings::PumpSettingsSave;
+
+namespace {
+
+// The file dialogs give URLs ("file:///C:/pumps/a.json"); a plain path ("C:/pumps/a.json",
+// whose drive letter a URL would read as its scheme) is taken as a local file.
+QUrl settingsFileUrl(const QString& filePath) {
+    const QUrl url(filePath);
+    return url.isLocalFile() ? url : QUrl::fromLocalFile(filePath);
+}
+
+} // namespace
 
 PumpSettingsController::PumpSettingsController(PumpValues& values, QObject* parent)
     : QObject(parent)
-    , mValues(values) {
+    , mValues(values)
+    , mSave(new PumpSettingsSave(values, this))
+    , mLoad(new PumpSettingsLoad(values, this)) {
+    connect(mSave, &PumpSettingsSave::pumpSettingsSave_saveResult, this,
+            &PumpSettingsController::onSaveResult);
+    connect(mLoad, &PumpSettingsLoad::pumpSettings_loadResult, this,
+            &PumpSettingsController::onLoadResult);
+    connect(mLoad, &PumpSettingsLoad::previewResult, this,
+            &PumpSettingsController::onPreviewResult);
+    connect(mSave, &PumpSettings::runningChanged, this,
+            &PumpSettingsController::settingsFileBusyChanged);
+    connect(mLoad, &PumpSettings::runningChanged, this,
+            &PumpSettingsController::settingsFileBusyChanged);
     connect(&values.get<PumpControlInput>(), &PumpControlInput::getControlInputResponse, this,
             &PumpSettingsController::onControlInputReported, Qt::QueuedConnection);
     connect(
@@ -53,6 +85,8 @@ PumpSettingsController::PumpSettingsController(PumpValues& values, QObject* pare
         },
         Qt::QueuedConnection);
 }
+
+PumpSettingsController::~PumpSettingsController() = default;
 
 void PumpSettingsController::onControlInputReported(ControlInput controlInput) {
     // The proxy lets only the table's codes through; a code past it still gets a defined text.
@@ -124,6 +158,56 @@ bool PumpSettingsController::setPrimeSpeedDrpm(double speedDrpm) {
 
 void PumpSettingsController::resetPump() {
     callQueued(mValues.get<PumpReset>(), &PumpReset::reset);
+}
+
+bool PumpSettingsController::settingsFileBusy() const {
+    return mSave->running() || mLoad->running();
+}
+
+bool PumpSettingsController::idle(const char* what) const {
+    if (settingsFileBusy()) {
+        BWL_LOG_WARN(what, QStringLiteral("%1 refused: a save, preview or load is running")
+                               .arg(QString::fromLatin1(what)));
+        return false;
+    }
+    return true;
+}
+
+bool PumpSettingsController::save(const QString& filePath) {
+    return idle("save") && mSave->save(settingsFileUrl(filePath));
+}
+
+bool PumpSettingsController::load(const QString& filePath) {
+    return idle("load") && mLoad->load(settingsFileUrl(filePath));
+}
+
+bool PumpSettingsController::previewLoad(const QString& filePath) {
+    return idle("previewLoad") && mLoad->preview(settingsFileUrl(filePath));
+}
+
+void PumpSettingsController::onSaveResult(bool success, PumpSettingsResultType result) {
+    mSaveSuccess = success;
+    mSaveResult = PumpSettings::resultText(result);
+    emit configSaveResultReceived();
+}
+
+void PumpSettingsController::onLoadResult(bool success, PumpSettingsResultType result) {
+    mLoadSuccess = success;
+    mLoadResult = PumpSettings::resultText(result);
+    mNotApplied = mLoad->notApplied();
+    emit configLoadResultReceived();
+}
+
+void PumpSettingsController::onPreviewResult(bool success, PumpSettingsResultType result) {
+    mPreview.clear();
+    for (const pumpSettings::SettingComparison& comparison : mLoad->comparisons()) {
+        mPreview.append(QVariantMap{{QStringLiteral("setting"), comparison.setting},
+                                    {QStringLiteral("pumpValue"), comparison.pumpValue},
+                                    {QStringLiteral("fileValue"), comparison.fileValue},
+                                    {QStringLiteral("changed"), comparison.changed}});
+    }
+    mPreviewResult = success ? QString() : PumpSettings::resultText(result);
+    emit loadPreviewReady(success);
 }
 
 } // namespace communication

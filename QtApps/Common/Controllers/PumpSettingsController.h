@@ -7,9 +7,17 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <QVariantList>
 #include <QtQml/qqml.h>
 
 #include <cstdint>
+
+namespace pumpSettings {
+class PumpSettingsLoad;
+class PumpSettingsSave;
+enum class PumpSettingsResultType;
+} // namespace pumpSettings
 
 namespace communication {
 
@@ -19,6 +27,10 @@ class PumpValues;
 /// controlled, the fitted pump head, acceleration, deceleration and prime speed, and the reset.
 /// Every setter goes through its pump value (retries, read-back), and a property changes only
 /// when the pump reports, so the screens always show what the pump holds.
+///
+/// It also saves the pump's settings to a file and loads a file into the pump (the maintenance
+/// tab), with a preview of what a load would change. One of these runs at a time. File paths
+/// are taken as the file dialogs give them ("file:///..." URLs) or as plain local paths.
 class PumpSettingsController final : public QObject, public QmlSingleton<PumpSettingsController> {
     Q_OBJECT
     QML_ELEMENT
@@ -37,9 +49,31 @@ class PumpSettingsController final : public QObject, public QmlSingleton<PumpSet
                    NOTIFY celerationLimitsChanged)
     /// Speed while the prime input is active, tenths of rpm.
     Q_PROPERTY(int primeSpeedDrpm READ primeSpeedDrpm NOTIFY primeSpeedDrpmChanged)
+    /// Whether the last save succeeded, and its result as the screens show it ("Success", "Could
+    /// not open file", "Pump response timeout").
+    Q_PROPERTY(bool configSaveSuccess READ configSaveSuccess NOTIFY configSaveResultReceived)
+    Q_PROPERTY(QString configSaveResult READ configSaveResult NOTIFY configSaveResultReceived)
+    /// Whether the last load succeeded, and its result ("Success. Rebooting pump...", "Could not
+    /// apply all settings", "Invalid file format", "Incompatible pump settings", ...).
+    Q_PROPERTY(bool configLoadSuccess READ configLoadSuccess NOTIFY configLoadResultReceived)
+    Q_PROPERTY(QString configLoadResult READ configLoadResult NOTIFY configLoadResultReceived)
+    /// After a load that ended "Could not apply all settings": the names of the settings the
+    /// pump holds otherwise than the file asked; empty after any other result.
+    Q_PROPERTY(
+        QStringList settingsNotApplied READ settingsNotApplied NOTIFY configLoadResultReceived)
+    /// After a preview that succeeded: one map per setting of the file, the pump's identity
+    /// first, with "setting" (its name), "pumpValue" and "fileValue" (texts with units) and
+    /// "changed" (bool). Empty after a preview that failed.
+    Q_PROPERTY(QVariantList loadPreview READ loadPreview NOTIFY loadPreviewReady)
+    /// Why the last previewed file would be refused (the load's result text); empty when it
+    /// would be loaded.
+    Q_PROPERTY(QString loadPreviewResult READ loadPreviewResult NOTIFY loadPreviewReady)
+    /// A save, preview or load is running (a load until it has sent the pump's reset).
+    Q_PROPERTY(bool settingsFileBusy READ settingsFileBusy NOTIFY settingsFileBusyChanged)
 
 public:
     explicit PumpSettingsController(PumpValues& values, QObject* parent = nullptr);
+    ~PumpSettingsController() override;
 
     QString pumpControlInput() const { return mControlInput; }
     QString pumpHead() const { return mPumpHead; }
@@ -47,6 +81,14 @@ public:
     float decelerationRpmPerSecond() const { return mDeceleration; }
     const objects::CelerationLimits& celerationLimits() const { return mCelerationLimits; }
     int primeSpeedDrpm() const { return mPrimeSpeedDrpm; }
+    bool configSaveSuccess() const { return mSaveSuccess; }
+    QString configSaveResult() const { return mSaveResult; }
+    bool configLoadSuccess() const { return mLoadSuccess; }
+    QString configLoadResult() const { return mLoadResult; }
+    QStringList settingsNotApplied() const { return mNotApplied; }
+    QVariantList loadPreview() const { return mPreview; }
+    QString loadPreviewResult() const { return mPreviewResult; }
+    bool settingsFileBusy() const;
 
 signals:
     void pumpControlInputChanged();
@@ -55,6 +97,10 @@ signals:
     void decelerationRpmPerSecondChanged();
     void celerationLimitsChanged();
     void primeSpeedDrpmChanged();
+    void configSaveResultReceived();
+    void configLoadResultReceived();
+    void loadPreviewReady(bool ok);
+    void settingsFileBusyChanged();
 
 public slots:
     void getControlInput();
@@ -75,10 +121,26 @@ public slots:
     /// Restarts the pump, which applies settings that take effect only at power-on.
     void resetPump();
 
+    /// Saves the pump's settings to `filePath`; false, with nothing done, while another save,
+    /// preview or load runs. configSaveResultReceived follows.
+    bool save(const QString& filePath);
+    /// Loads `filePath` into the pump; false while another runs. configLoadResultReceived
+    /// follows.
+    bool load(const QString& filePath);
+    /// Checks `filePath` and reads the pump's present values, but sets nothing; false while
+    /// another runs. loadPreviewReady follows.
+    bool previewLoad(const QString& filePath);
+
 private slots:
     void onControlInputReported(halyard::pump::ControlInput controlInput);
 
 private:
+    /// Whether no save, preview or load runs; logs the refusal of `what` otherwise.
+    bool idle(const char* what) const;
+    void onSaveResult(bool success, pumpSettings::PumpSettingsResultType result);
+    void onLoadResult(bool success, pumpSettings::PumpSettingsResultType result);
+    void onPreviewResult(bool success, pumpSettings::PumpSettingsResultType result);
+
     PumpValues& mValues;
     QString mControlInput;
     QString mPumpHead;
@@ -86,6 +148,15 @@ private:
     float mDeceleration = 0.0F;
     objects::CelerationLimits mCelerationLimits;
     int mPrimeSpeedDrpm = 0;
+    pumpSettings::PumpSettingsSave* mSave;
+    pumpSettings::PumpSettingsLoad* mLoad;
+    bool mSaveSuccess = false;
+    QString mSaveResult;
+    bool mLoadSuccess = false;
+    QString mLoadResult;
+    QStringList mNotApplied;
+    QVariantList mPreview;
+    QString mPreviewResult;
 };
 
 /// Tells the QML engine and tools (qmllint, the QML compiler) the fields of the record that

@@ -13,6 +13,12 @@ import cpp.PumpValuesController
 TestCase {
     name: "Controllers"
 
+    SignalSpy {
+        id: previewSpy
+        target: PumpSettingsController
+        signalName: "loadPreviewReady"
+    }
+
     function test_everyControllerAnswersThroughItsModule() {
         compare(PumpAnalogFilterController.currentNumSamples, 0)
         verify(!PumpAnalogFilterController.setVoltageNumSamples(-1))
@@ -35,5 +41,16 @@ TestCase {
         compare(FirmwareUpdateController.updateEnabled, false)
         FirmwareUpdateController.startUpdate()
         PumpValuesController.subscribe()
+    }
+
+    // A file dialog's URL reaches the settings procedures; a file that is not there is refused
+    // at once, and the screen gets the result's text and an empty preview.
+    function test_settingsFilePreviewTakesTheFileDialogsUrl() {
+        verify(PumpSettingsController.previewLoad("file:///no-such-folder/pump-settings.json"))
+        compare(previewSpy.count, 1)
+        compare(previewSpy.signalArguments[0][0], false)
+        compare(PumpSettingsController.loadPreviewResult, "Could not open file")
+        compare(PumpSettingsController.loadPreview.length, 0)
+        verify(!PumpSettingsController.settingsFileBusy)
     }
 }
