@@ -82,7 +82,11 @@ T.ComboBox {
         implicitHeight: Math.min(contentItem.implicitHeight, control.Window.height / 2)
         padding: BwSpacing.xxs
         contentItem: ListView {
+            objectName: "comboList"
             clip: true
+            // Every entry exists, also those scrolled out of view (lists here are short), so that
+            // keyboard and screen-reader users reach each one.
+            cacheBuffer: BwSpacing.listCacheExtent
             implicitHeight: contentHeight
             model: control.delegateModel
             currentIndex: control.highlightedIndex

@@ -151,6 +151,7 @@ Box {
             model: panel.preview
             delegate: PreviewRow {
                 required property var modelData
+                objectName: "preview_" + modelData.setting
                 width: parent ? parent.width : implicitWidth
                 setting: modelData.setting
                 pumpValue: modelData.pumpValue
