@@ -118,10 +118,10 @@ const QList<CommandSpec>& Commands() {
          QStringLiteral("BUNDLE [--restore-settings]"),
          text("Updates the pump's firmware from BUNDLE (a firmware bundle, ZIP), with the "
               "progress on standard error, and prints the end state (\"Update succeeded!\" once "
-              "the pump runs the new firmware). --restore-settings first saves the pump's "
-              "settings to a backup file in the application's data folder (and prints where), "
-              "and loads them back once the pump is back."),
-         QStringLiteral("brackwater-cli update-firmware firmware-1.17.0.zip --restore-settings"),
+              "the pump runs the new firmware). The pump's settings are first saved to a backup "
+              "file in the application's data folder (where is printed); --restore-settings "
+              "loads them back once the pump is back."),
+         QStringLiteral("brackwater-cli update-firmware firmware-1.16.1.zip --restore-settings"),
          &make<UpdateFirmwareCommand>},
     };
     return commands;

@@ -11,7 +11,6 @@
 #include "QtApps/Common/Model/FirmwareUpdate/FirmwareUpdateModelState.h"
 #include "QtApps/Common/Model/PumpSettings/PumpSettings.h"
 #include "QtApps/Common/Model/PumpSettings/PumpSettingsLoad.h"
-#include "QtApps/Common/Model/PumpSettings/SettingsBackup.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -42,31 +41,6 @@ UpdateFirmwareCommand::UpdateFirmwareCommand(CommandContext& context, QObject* p
 UpdateFirmwareCommand::~UpdateFirmwareCommand() = default;
 
 void UpdateFirmwareCommand::run() {
-    if (!invocation().restoreSettings) {
-        loadBundle();
-        return;
-    }
-    mBackup = new pumpSettings::SettingsBackup(values(), this);
-    connect(mBackup, &pumpSettings::SettingsBackup::saved, this,
-            &UpdateFirmwareCommand::onBackupSaved);
-    mBackup->save(details().pumpSerial());
-}
-
-void UpdateFirmwareCommand::onBackupSaved(bool success, const QString& path,
-                                          pumpSettings::PumpSettingsResultType result) {
-    if (!success) {
-        output().notice(
-            tr("The pump's settings could not be saved to %1; nothing was updated").arg(path));
-        fail(pumpSettings::PumpSettings::resultText(result));
-        return;
-    }
-    mBackupPath = path;
-    output().line(tr("Settings saved to %1").arg(path));
-    output().field(QStringLiteral("settingsBackup"), path);
-    loadBundle();
-}
-
-void UpdateFirmwareCommand::loadBundle() {
     FirmwareUpdateController& update = controllers().firmwareUpdateController();
     connect(&update, &FirmwareUpdateController::statusChanged, this,
             &UpdateFirmwareCommand::onStatusChanged);
@@ -74,7 +48,15 @@ void UpdateFirmwareCommand::loadBundle() {
             &UpdateFirmwareCommand::onStatusChanged);
     connect(&update, &FirmwareUpdateController::errorOccurred, this,
             &UpdateFirmwareCommand::onError);
+    connect(&update, &FirmwareUpdateController::settingsBackupChanged, this,
+            &UpdateFirmwareCommand::onBackupSaved);
     update.loadBundle(QFileInfo(invocation().arguments.value(0)).absoluteFilePath());
+}
+
+void UpdateFirmwareCommand::onBackupSaved() {
+    const QString path = controllers().firmwareUpdateController().settingsBackupPath();
+    output().line(tr("Settings saved to %1").arg(path));
+    output().field(QStringLiteral("settingsBackup"), path);
 }
 
 void UpdateFirmwareCommand::onStatusChanged() {
@@ -92,6 +74,7 @@ void UpdateFirmwareCommand::onStatusChanged() {
         }
         break;
     case FirmwareUpdateModelState::Updating:
+        mTransferring = true;
         output().progress(update.progressValue(), update.statusText());
         break;
     case FirmwareUpdateModelState::Rebooting:
@@ -119,10 +102,11 @@ void UpdateFirmwareCommand::onStatusChanged() {
     }
 }
 
-// Before the update starts: a bundle that is invalid or has nothing for this pump. After it: a
-// failure, whose state onStatusChanged reports with the same text.
+// Before the transfer: a bundle that is invalid or has nothing for this pump, or a settings
+// backup that failed. During it: a failure, whose state onStatusChanged reports with the same
+// text.
 void UpdateFirmwareCommand::onError(const QString& description) {
-    if (!mStarted || mRebooting) {
+    if (!mTransferring || mRebooting) {
         output().endProgress();
         fail(description);
     }
@@ -134,7 +118,8 @@ void UpdateFirmwareCommand::onUpdated() {
     output().line(update.statusText());
     output().field(QStringLiteral("state"), update.statusText());
     output().field(QStringLiteral("appVersion"), details().appVersion());
-    if (mBackupPath.isEmpty()) {
+    const QString backup = update.settingsBackupPath();
+    if (!invocation().restoreSettings) {
         succeed();
         return;
     }
@@ -144,7 +129,7 @@ void UpdateFirmwareCommand::onUpdated() {
             &UpdateFirmwareCommand::onRestoreResult);
     connect(&settings, &PumpSettingsController::settingsFileBusyChanged, this,
             &UpdateFirmwareCommand::onSettingsBusyChanged);
-    if (!settings.load(SaveSettingsCommand::fileUrl(mBackupPath))) {
+    if (!settings.load(SaveSettingsCommand::fileUrl(backup))) {
         fail(tr("Another settings save or load is running"));
     }
 }
@@ -153,7 +138,8 @@ void UpdateFirmwareCommand::onRestoreResult() {
     const PumpSettingsController& settings = controllers().settingsController();
     output().field(QStringLiteral("settingsRestore"), settings.configLoadResult());
     if (!settings.configLoadSuccess()) {
-        output().notice(tr("The settings were not restored from %1").arg(mBackupPath));
+        output().notice(tr("The settings were not restored from %1")
+                            .arg(controllers().firmwareUpdateController().settingsBackupPath()));
         fail(settings.configLoadResult());
         return;
     }

@@ -2,13 +2,7 @@
 
 #include "Command.h"
 
-#include "QtApps/Common/Model/PumpSettings/PumpSettingsResultType.h"
-
 #include <QTimer>
-
-namespace pumpSettings {
-class SettingsBackup;
-}
 
 namespace cli {
 
@@ -18,9 +12,9 @@ namespace cli {
 /// once the pump runs its new firmware ("Update succeeded!") or the update has failed ("Update
 /// failed: ...", "Timed out waiting for response", "Disconnected").
 ///
-/// With --restore-settings the pump's settings are first saved to a backup file (see
-/// pumpSettings::SettingsBackup; where it went is printed), and once the pump is back with its
-/// new firmware that file is loaded into it with the settings load.
+/// The controller saves the pump's settings to a backup file before the transfer (where it went
+/// is printed); with --restore-settings that file is loaded into the pump once it is back with
+/// its new firmware.
 class UpdateFirmwareCommand final : public Command {
     Q_OBJECT
 
@@ -35,18 +29,15 @@ protected:
     void onSessionLost() override;
 
 private:
-    void onBackupSaved(bool success, const QString& path,
-                       pumpSettings::PumpSettingsResultType result);
-    void loadBundle();
+    void onBackupSaved();
     void onStatusChanged();
     void onError(const QString& description);
     void onUpdated();
     void onRestoreResult();
     void onSettingsBusyChanged();
 
-    pumpSettings::SettingsBackup* mBackup = nullptr;
-    QString mBackupPath;
     bool mStarted = false;
+    bool mTransferring = false;
     bool mRebooting = false;
     bool mRestoring = false;
     bool mRestored = false;

@@ -360,6 +360,7 @@ private slots:
         SimulatorProcess simulator;
         const QString port =
             simulator.start({QStringLiteral("--pty"), QStringLiteral("--no-console"),
+                             QStringLiteral("--firmware-version"), QStringLiteral("1.15.0"),
                              QStringLiteral("--firmware-fault"), QStringLiteral("verify")});
         QVERIFY(!port.isEmpty());
         const QString bundle = QStringLiteral(DEMO_BUNDLE_PATH);
@@ -383,7 +384,7 @@ private slots:
         QCOMPARE(lines[2], QStringLiteral("Settings restored: Success. Rebooting pump..."));
 
         const Run info = cli({"--port", port, "info", "--json"});
-        QCOMPARE(info.json().value("appVersion").toString(), QStringLiteral("1.17.0"));
+        QCOMPARE(info.json().value("appVersion").toString(), QStringLiteral("1.16.1"));
     }
 };
 
