@@ -112,11 +112,17 @@ protected:
     /// When the payload is too short, logs "Protocol message data read failure" under `site`,
     /// emits nothing and returns false. `decode` reads the arguments (ReadFieldsInOrder unless the
     /// proxy has its own layout).
+    ///
+    /// An answer that cannot be read is handled as no answer: the request's time-out is reported
+    /// too, so its retry rule asks again. Ids are reused at once, so a late or repeated answer to
+    /// an earlier request can take the place of this request's own, which then finds its entry
+    /// gone; without the time-out nothing would ever ask again.
     template <typename Proxy, typename... Args, typename Decode = ReadFieldsInOrder>
     bool EmitDecoded(const ProtocolMessage& message, void (Proxy::*signal)(Args...), LogSite site,
                      Decode decode = {}) {
         if (!DecodeAndEmit(message, signal, decode)) {
             LogReadFailure(site);
+            HandleTimeout(message);
             return false;
         }
         return true;

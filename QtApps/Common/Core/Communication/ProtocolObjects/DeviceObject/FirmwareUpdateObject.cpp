@@ -113,11 +113,18 @@ bool FirmwareUpdateObject::HandleTimeout(const ProtocolMessage& message) {
     if (kSendLimit.countTimeout(pending->retryCount)) {
         BWL_LOG_INFO("HandleRequestTimeout",
                      QStringLiteral("HandleRequestTimeout: Retry #%1").arg(pending->retryCount));
-        // The message layer gives the repeat a fresh id, which the copy keeps for matching.
-        if (Messaging().Send(pending->message)) {
-            ForgetOthersWithId(*pending);
-            return true;
+        // The message layer gives the repeat a fresh id, which the copy keeps for matching. It
+        // logs the repeat before it queues the frame, so a repeat that finds the transmit queue
+        // full (two pieces answered at once fill it) times out like a lost frame and is repeated
+        // then: a full queue costs one time-out, never the update.
+        if (!Messaging().Send(pending->message)) {
+            BWL_LOG_INFO("HandleRequestTimeout",
+                         QStringLiteral("HandleRequestTimeout: Retry #%1 not sent, repeated at "
+                                        "its next time-out")
+                             .arg(pending->retryCount));
         }
+        ForgetOthersWithId(*pending);
+        return true;
     }
     BWL_LOG_WARN("HandleRequestTimeout", QStringLiteral("HandleRequestTimeout: Failed to retry"));
     pending->inUse = false;
