@@ -100,4 +100,15 @@ void LoadSettingsCommand::onBusyChanged() {
     }
 }
 
+// The settings are in the pump once the load succeeded; only the restart that applies some of
+// them may not have reached it. Say that rather than a bare "Disconnected." after "Success".
+void LoadSettingsCommand::onSessionLost() {
+    if (mLoaded) {
+        fail(tr("The settings were loaded, but the link was lost before the pump was told to "
+                "restart: restart the pump for every setting to take effect."));
+        return;
+    }
+    Command::onSessionLost();
+}
+
 } // namespace cli

@@ -24,6 +24,7 @@ public:
 
 protected:
     void run() override;
+    void onSessionLost() override;
 
 private:
     void onPreview(bool ok);
