@@ -84,6 +84,9 @@ Rectangle {
         objectName: "about"
         appVersion: screen.appVersion
     }
+    FirmwareUpdatedOverlay {
+        objectName: "firmwareUpdated"
+    }
     PumpInfoOverlay {
         id: pumpInformation
         objectName: "pumpInformation"

@@ -1,10 +1,13 @@
 // The application end to end through its screens, against the pump simulator: what a
 // technician clicks and types, what the screens then show, and what the pump then does.
+#include "QtApps/Common/Model/PumpSettings/SettingsBackup.h"
 #include "tests/support/ScreenDriver.h"
 
-#include <QQuickItem>
+#include <QDir>
 #include <QFile>
+#include <QQuickItem>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -69,7 +72,8 @@ class ScreensTest : public QObject {
 private slots:
     void fixedSpeed_runsThePumpAndTheStatusFollows();
     void controlInput_andFaults_reachThePumpAndComeBack();
-    void versionMismatch_opensOnMaintenanceWithItsWarning();
+    void initTestCase();
+    void versionMismatch_theDemoBundleUpdatesThePumpAndItsSettingsComeBack();
     void setup_slowerHeadAsksFirst_andARefusedFigureSendsNothing();
     void maintenance_settingsFileRoundTripThroughThePreview();
     void maintenance_logIsReadExportedAndCleared();
@@ -124,15 +128,55 @@ void ScreensTest::controlInput_andFaults_reachThePumpAndComeBack() {
     QCOMPARE(text(app, QStringLiteral("snackbar")), QStringLiteral("Faults Cleared"));
 }
 
-void ScreensTest::versionMismatch_opensOnMaintenanceWithItsWarning() {
-    ScreenDriver app({QStringLiteral("--firmware-version"), QStringLiteral("1.15.0")});
+void ScreensTest::initTestCase() {
+    // Settings backups go to a test folder, not the user's.
+    QStandardPaths::setTestModeEnabled(true);
+}
+
+void ScreensTest::versionMismatch_theDemoBundleUpdatesThePumpAndItsSettingsComeBack() {
+    ScreenDriver app({QStringLiteral("--firmware-version"), QStringLiteral("1.15.0"),
+                      QStringLiteral("--firmware-resets-settings")});
     QString error;
     QVERIFY2(app.start(error), qPrintable(error));
     QVERIFY(app.waitForMainScreen());
+    QDir backupFolder(pumpSettings::SettingsBackup::backupFolder());
+    backupFolder.removeRecursively();
     QTRY_COMPARE_WITH_TIMEOUT(app.find(QStringLiteral("tabs"))->property("currentIndex").toInt(), 2,
                               3000);
     QVERIFY(app.find(QStringLiteral("warningCircle")) != nullptr);
     QVERIFY(app.find(QStringLiteral("versionMismatch")) != nullptr);
+
+    // A setting this firmware forgets.
+    QVERIFY(app.click(QStringLiteral("tab1")));
+    QVERIFY(app.type(QStringLiteral("primeSpeedInput"), QStringLiteral("150")));
+    QTRY_VERIFY_WITH_TIMEOUT(simulatorSetting(app, QStringLiteral("prime speed"))
+                                 .endsWith(QStringLiteral("prime speed 1500 drpm")),
+                             3000);
+
+    QVERIFY(app.click(QStringLiteral("tab2")));
+    call(app, QStringLiteral("firmwarePanel"), "choose",
+         QUrl::fromLocalFile(QStringLiteral(DEMO_BUNDLE_PATH)));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        text(app, QStringLiteral("bundleSummary")).contains(QStringLiteral("BWD-100-SIM (1)")),
+        3000);
+    QVERIFY(app.click(QStringLiteral("applyFirmwareButton")));
+
+    // Back with the new firmware: the settings were saved first, and are offered back.
+    QTRY_VERIFY_WITH_TIMEOUT(
+        text(app, QStringLiteral("overlayMessage")).contains(QStringLiteral("firmware V1.16.1")),
+        60000);
+    const QStringList backups = backupFolder.entryList({QStringLiteral("SIM-000001_*.json")});
+    QCOMPARE(backups.size(), 1);
+    QVERIFY(text(app, QStringLiteral("overlayMessage")).contains(backups.front()));
+    QVERIFY(simulatorSetting(app, QStringLiteral("prime speed"))
+                .endsWith(QStringLiteral("prime speed 2000 drpm")));
+    QVERIFY(app.click(QStringLiteral("overlayConfirm")));
+    QTRY_VERIFY_WITH_TIMEOUT(simulatorSetting(app, QStringLiteral("prime speed"))
+                                 .endsWith(QStringLiteral("prime speed 1500 drpm")),
+                             8000);
+    QVERIFY(app.waitForMainScreen(15000)); // the pump restarts to take the settings
+    QVERIFY(app.find(QStringLiteral("warningCircle")) == nullptr);
+    QVERIFY(app.find(QStringLiteral("overlayMessage")) == nullptr);
 }
 
 void ScreensTest::setup_slowerHeadAsksFirst_andARefusedFigureSendsNothing() {

@@ -52,6 +52,7 @@ void PumpModel::logEvent(const QString& text) {
 }
 
 void PumpModel::restart() {
+    const bool newFirmware = mFirmwareVersion != mInstalledFirmware;
     mFirmwareVersion = mInstalledFirmware;
     mApplicationSpeedDrpm = 0;
     mOverrideActive = false;
@@ -68,6 +69,9 @@ void PumpModel::restart() {
                  .arg(mFirmwareVersion.major)
                  .arg(mFirmwareVersion.minor)
                  .arg(mFirmwareVersion.patch));
+    if (newFirmware && mOptions.firmwareResetsSettings) {
+        resetSettings();
+    }
 }
 
 void PumpModel::advance(int ms) {

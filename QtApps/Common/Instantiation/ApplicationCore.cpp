@@ -16,14 +16,15 @@ namespace {
 constexpr unsigned long kCommsThreadExitWaitMs = 2000;
 } // namespace
 
-ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames)
+ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames,
+                                 logger::ConsoleEcho consoleEcho)
     : mComms(new communication::ProtocolComms(*this))
     , mValues(new communication::PumpValues(*mComms))
     , mZipReader(new common::MiniZipReader(mComms))
     , mControllers(new communication::ControllerRegistry(*mComms, *mValues, *mZipReader, portNames,
                                                          application))
     , mModels(new models::ModelRegistry(*mValues, *mControllers, application))
-    , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName())) {
+    , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName(), consoleEcho)) {
     mCommsThread.setObjectName(QStringLiteral("ProtocolCommsThread"));
     mComms->moveToThread(&mCommsThread);
     mCommsThread.start(QThread::InheritPriority);
@@ -33,6 +34,22 @@ ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringLis
     QObject::connect(&application, &QCoreApplication::aboutToQuit, mLogger, &QObject::deleteLater);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, mLogger,
                      &logger::LoggerInstantiation::onApplicationExit);
+}
+
+communication::ProtocolComms& ApplicationCore::comms() const {
+    return *mComms;
+}
+
+communication::PumpValues& ApplicationCore::values() const {
+    return *mValues;
+}
+
+communication::ControllerRegistry& ApplicationCore::controllers() const {
+    return *mControllers;
+}
+
+models::ModelRegistry& ApplicationCore::models() const {
+    return *mModels;
 }
 
 // A finishing thread runs the deferred deletions posted to it, so the comms object is gone (on

@@ -33,7 +33,10 @@ QStringList PortsFromCommandLine(const QCoreApplication& application) {
     parser.addOption(port);
     parser.process(application);
 
-    QStringList named = parser.values(port);
+    return ChosenPorts(parser.values(port));
+}
+
+QStringList ChosenPorts(const QStringList& named) {
     if (!named.isEmpty()) {
         return named;
     }

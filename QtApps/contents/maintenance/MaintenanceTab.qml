@@ -40,15 +40,7 @@ ScrollView {
     }
     Connections {
         target: FirmwareUpdateController
-        function onErrorOccurred() { firmware.finished(false) }
-        function onStatusChanged() {
-            if (FirmwareUpdateController.state === 6 && firmware.sawUpdate)
-                firmware.finished(true)
-        }
-        function onUpdatingChanged() {
-            if (FirmwareUpdateController.updating)
-                firmware.sawUpdate = true
-        }
+        function onErrorOccurred(description) { firmware.failed(description) }
     }
 
     ColumnLayout {
@@ -98,7 +90,6 @@ ScrollView {
         PumpFirmwareUpgrade {
             id: firmware
             objectName: "firmwarePanel"
-            property bool sawUpdate: false
             Layout.fillWidth: true
             pumpVersion: tab.pumpAppVersion
             versionsDiffer: tab.versionsDiffer
@@ -109,6 +100,7 @@ ScrollView {
             updateEnabled: FirmwareUpdateController.updateEnabled
             updating: FirmwareUpdateController.updating
             errorDescription: FirmwareUpdateController.errorDescription
+            backingUp: FirmwareUpdateController.backingUp
             onBundleChosen: file => FirmwareUpdateController.loadBundle(file)
             onUpdateRequested: FirmwareUpdateController.startUpdate()
         }

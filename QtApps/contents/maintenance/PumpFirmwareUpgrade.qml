@@ -7,8 +7,9 @@ import BwLib
 import contents
 
 // The pump's firmware: its version, a bundle to browse for, what the bundle holds for this pump,
-// and the update with its stage, progress and time left. Failures say what went wrong; the
-// bundle stays loaded so the update can be started again.
+// and the update with its stage, progress and time left. The pump's settings are saved to a
+// backup file before the transfer starts. Failures say what went wrong; the bundle stays loaded
+// so the update can be started again.
 Box {
     id: panel
 
@@ -24,15 +25,22 @@ Box {
     property bool updateEnabled: false
     property bool updating: false
     property string errorDescription: ""
+    /// True while the pump's settings are being saved before the transfer.
+    property bool backingUp: false
 
     signal bundleChosen(url file)
     signal updateRequested()
 
     title: qsTr("Pump firmware")
 
-    /// Shows the end of an update: success, or the error with its description.
-    function finished(succeeded) {
-        result.succeeded = succeeded
+    /// Loads the bundle `file` (a file URL), as the file dialog does.
+    function choose(file) {
+        bundleChosen(file)
+    }
+
+    /// Shows why an update failed or did not start.
+    function failed(description) {
+        result.text = description
         result.open()
     }
 
@@ -88,7 +96,7 @@ Box {
             objectName: "applyFirmwareButton"
             kind: "primary"
             text: qsTr("Apply firmware")
-            enabled: panel.updateEnabled && !panel.updating
+            enabled: panel.updateEnabled && !panel.updating && !panel.backingUp
             onClicked: panel.updateRequested()
         }
     }
@@ -100,6 +108,13 @@ Box {
         font.pixelSize: BwFonts.small
         color: panel.bundleSummary.length > 0 ? BwColours.text : BwColours.error
         wrapMode: Text.Wrap
+    }
+    Text {
+        objectName: "firmwareBackingUp"
+        visible: panel.backingUp
+        text: qsTr("Saving the pump's settings before the update\u2026")
+        font.pixelSize: BwFonts.body
+        color: BwColours.text
     }
     ColumnLayout {
         visible: panel.updating || panel.state === 7
@@ -130,15 +145,13 @@ Box {
         id: bundleDialog
         title: qsTr("Browse and upload firmware file")
         nameFilters: [qsTr("Firmware bundles (*.zip)")]
-        onAccepted: panel.bundleChosen(selectedFile)
+        onAccepted: panel.choose(selectedFile)
     }
 
     ModalOverlay {
         id: result
         objectName: "firmwareResult"
-        property bool succeeded: false
-        title: succeeded ? qsTr("Firmware Updated") : qsTr("Firmware update error")
-        text: succeeded ? qsTr("The pump runs the new firmware.") : panel.errorDescription
+        title: qsTr("Firmware update error")
         confirmText: qsTr("Ok")
         cancelText: ""
     }

@@ -1,5 +1,7 @@
 #include "ProtocolComms.h"
 
+#include "PortOpenFailure.h"
+
 #include "QtApps/Common/Logger/Log.h"
 
 #include "Common/Protocol/ReceiveStream.h"
@@ -42,6 +44,10 @@ ProtocolComms::~ProtocolComms() {
 
 bool ProtocolComms::openPort(const QString& portName) {
     if (!mSerial->openPort(portName)) {
+        const PortOpenFailure failure =
+            ClassifyPortOpenFailure(mSerial->error(), IsDeviceAccessible(portName));
+        emit portOpenFailed(portName,
+                            PortOpenFailureText(failure, portName, mSerial->errorString()));
         return false;
     }
     mPortErrorReported = false;
