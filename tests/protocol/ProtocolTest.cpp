@@ -2,7 +2,6 @@
 
 #include "Common/Protocol/MessageCodec.h"
 #include "Common/Protocol/Protocol.h"
-#include "Common/Protocol/ProtocolBaseObject.h"
 #include "Common/Protocol/ProtocolRequestLog.h"
 #include "Common/Protocol/ReceiveStream.h"
 
@@ -16,27 +15,6 @@ namespace {
 using message::Operation;
 using message::Status;
 using message::Type;
-
-/// A protocol object that answers each request with the reply its attribute asks for.
-class ReplyingObject final : public ProtocolMessageHandler, public ProtocolBaseObject {
-public:
-    ReplyingObject(ProtocolInterface& protocol, std::uint8_t objectId)
-        : ProtocolMessageHandler(objectId, 0)
-        , ProtocolBaseObject(protocol) {}
-
-    bool Handle(const ProtocolMessage& message) override {
-        switch (message.attribute) {
-        case 0:
-            return ReplySuccess(message);
-        case 1:
-            return ReplyInvalidAttribute(message);
-        case 2:
-            return ReplyInvalidOperation(message);
-        default:
-            return ReplyInvalidMessageData(message);
-        }
-    }
-};
 
 using Texts = std::vector<std::string>;
 
@@ -296,16 +274,6 @@ TEST_F(ProtocolTest, ATimeoutReachesTheRequestingObjectOnce) {
     // A late answer finds its entry free.
     EXPECT_EQ(Exchange("00 01 00"), "InvMsgId");
     EXPECT_EQ(motorTwo.received.size(), 1u);
-}
-
-TEST_F(ProtocolTest, ObjectsAnswerWithTheReplyHelpers) {
-    ReplyingObject valve(protocol, 0x30);
-    protocol.RegisterMessageHandler(&valve);
-    EXPECT_EQ(Exchange("0A 00 30 00 00 02 01 00 FF"), "Success > 0A 01 00");
-    EXPECT_EQ(Exchange("0B 00 30 00 01 02"), "Success > 0B 03 04");
-    EXPECT_EQ(Exchange("0C 00 30 00 02 0D"), "Success > 0C 03 05");
-    EXPECT_EQ(Exchange("0D 00 30 00 03 02 02 00 01 02"), "Success > 0D 03 08");
-    EXPECT_EQ(log.OutstandingCount(), 0u);
 }
 
 /// The text an assertion in `action` throws, or "no assertion".

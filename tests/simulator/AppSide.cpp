@@ -82,11 +82,6 @@ bool AppSide::open(const QString& path) {
         return false;
     }
     connect(mPort, &QSerialPort::readyRead, this, [this]() { onBytes(mPort->readAll()); });
-    connect(mPort, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
-        if (error == QSerialPort::ReadError || error == QSerialPort::ResourceError) {
-            readError = true;
-        }
-    });
     return true;
 }
 
@@ -132,7 +127,6 @@ void AppSide::onBytes(const QByteArray& bytes) {
         static_cast<std::size_t>(bytes.size()), mDecoded.data(), mDecoded.size(),
         [this](std::int32_t length) {
             if (length < 0) {
-                ++transportErrors;
                 return;
             }
             rawMessages.append(QByteArray(reinterpret_cast<const char*>(mDecoded.data()), length));

@@ -61,15 +61,12 @@ public:
     QList<Received> updates;
     QList<QByteArray> rawMessages; // every received message's bytes, as decoded from its frame
     QList<qint64> rawTimes;
-    int transportErrors = 0;
     qint64 bytesReceived = 0;
     bool acknowledgeUpdates = true;
-    bool readError = false;
 
     /// Updates received for one attribute.
     QList<Received> updatesOf(std::uint8_t object, std::uint8_t instance,
                               std::uint8_t attribute) const;
-    QByteArray lastRaw() const { return rawMessages.isEmpty() ? QByteArray() : rawMessages.last(); }
 
 signals:
     void answered();

@@ -22,7 +22,6 @@ public:
     bool ok() const { return mOk; }
     simulator::PumpSimulator& sim() { return *mSimulator; }
     AppSide& app() { return mApp; }
-    const simulator::SimulatorOptions& options() const { return mOptions; }
 
     /// Sends a request and waits for its answer: the answer's raw message bytes, or an empty
     /// array when the request timed out.

