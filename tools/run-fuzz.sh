@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds the libFuzzer targets (the `fuzz` preset: clang, address and undefined-behaviour
-# sanitizers) and runs each fuzz_<name> executable for a bounded time, starting from a copy of
-# its seed corpus fuzz/corpus/<name>/ under build/fuzz/corpus-work/ (the repository is never
+# Builds the libFuzzer targets (in the `sanitize-all` preset: clang, address and
+# undefined-behaviour sanitizers, coverage instrumentation) and runs each fuzz_<name> executable
+# for a bounded time, starting from a copy of its seed corpus fuzz/corpus/<name>/ under
+# build/sanitize-all/corpus-work/ (the repository is never
 # written to). Fails when any target crashes, leaks or breaks one of its checks.
 #
 # Usage: tools/run-fuzz.sh [seconds-per-target]   (default 30)
@@ -15,10 +16,10 @@ fi
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 cd "$root"
-build="$root/build/fuzz"
+build="$root/build/sanitize-all"
 
-cmake --preset fuzz
-cmake --build --preset fuzz --target fuzz_all
+cmake --preset sanitize-all
+cmake --build --preset sanitize-all --target fuzz_all
 
 mapfile -t targets < <(find "$build" \( -path "$build/corpus-work" -o -name CMakeFiles \) -prune -o \
   -type f -name 'fuzz_*' -perm -u+x -print | sort)
