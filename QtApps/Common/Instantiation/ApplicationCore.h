@@ -36,7 +36,10 @@ namespace common {
 /// while the process tears down.
 class ApplicationCore final : public communication::ProtocolRequestLogWrapper {
 public:
-    ApplicationCore(QCoreApplication& application, const QStringList& portNames);
+    /// `portNames`: the ports to scan (none: every port listed). `recordPath`: a file to record
+    /// the session into; empty to follow the recording setting.
+    ApplicationCore(QCoreApplication& application, const QStringList& portNames,
+                    const QString& recordPath = QString());
     ~ApplicationCore() override;
     ApplicationCore(const ApplicationCore&) = delete;
     ApplicationCore& operator=(const ApplicationCore&) = delete;
