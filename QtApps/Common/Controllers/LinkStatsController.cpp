@@ -19,14 +19,14 @@
 namespace communication {
 
 namespace {
-const QString kRecordSessionsKey = QStringLiteral("link/recordSessions");
+constexpr const char* kRecordSessionsKey = "link/recordSessions";
 constexpr double kNoFigure = std::numeric_limits<double>::quiet_NaN();
 } // namespace
 
 LinkStatsController::LinkStatsController(ProtocolComms& comms, QObject* parent)
     : QObject(parent)
     , mComms(comms)
-    , mRecordSessions(QSettings().value(kRecordSessionsKey, false).toBool()) {
+    , mRecordSessions(QSettings().value(QLatin1String(kRecordSessionsKey), false).toBool()) {
     connect(&comms.linkMonitor(), &LinkMonitor::statsUpdated, this,
             &LinkStatsController::onStatsUpdated, Qt::QueuedConnection);
 }
@@ -133,7 +133,7 @@ void LinkStatsController::setRecordSessions(bool record) {
         return;
     }
     mRecordSessions = record;
-    QSettings().setValue(kRecordSessionsKey, record);
+    QSettings().setValue(QLatin1String(kRecordSessionsKey), record);
     emit recordSessionsChanged();
     if (record) {
         startRecording(newRecordingPath());

@@ -14,6 +14,7 @@ namespace msg = halyard::protocol::message;
 namespace {
 
 constexpr std::size_t kRequestHeader = 6;
+constexpr qint64 kMebibyte = qint64{1024} * 1024;
 constexpr std::size_t kResponseHeader = 3;
 
 QByteArray hex(const std::uint8_t* bytes, std::size_t length) {
@@ -160,7 +161,7 @@ void SessionRecorder::writeEvent(const QByteArray& event) {
     const QByteArray line = QByteArray::number(mClock.elapsed()) + ' ' + event + '\n';
     if (mFile.pos() + line.size() > kMaxBytes) {
         fail(QCoreApplication::translate("SessionRecorder", "the file reached %1 MiB")
-                 .arg(kMaxBytes / (1024 * 1024)));
+                 .arg(kMaxBytes / kMebibyte));
         return;
     }
     if (mFile.write(line) != line.size()) {
