@@ -21,24 +21,13 @@
 #include "tests/support/SimulatorLink.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QTimer>
 
 #include <cstdio>
 
 using namespace communication;
-using bench::threadCpuSeconds;
+using bench::runFor;
+using bench::ThreadShares;
 using testsupport::SimulatorLink;
-
-namespace {
-
-void runFor(int milliseconds) {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-} // namespace
 
 int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
@@ -81,23 +70,12 @@ int main(int argc, char* argv[]) {
                      [&notifications] { ++notifications; });
     runFor(2000); // subscriptions in place, the first answers in
 
-    double linkStart = 0.0;
-    link.runOnCommsThread([&linkStart] { linkStart = threadCpuSeconds(); });
-    const double uiStart = threadCpuSeconds();
     const long notificationsStart = notifications;
-    runFor(seconds * 1000);
-    double linkEnd = 0.0;
-    link.runOnCommsThread([&linkEnd] { linkEnd = threadCpuSeconds(); });
-    const double uiEnd = threadCpuSeconds();
+    const ThreadShares shares = ThreadShares::measure(link, seconds);
 
-    const double linkShare = 100.0 * (linkEnd - linkStart) / seconds;
-    const double uiShare = 100.0 * (uiEnd - uiStart) / seconds;
     std::printf("controllers_cpu_bench: %d s, %.0f filter and speed notifications/s, details %s\n",
                 seconds, static_cast<double>(notifications - notificationsStart) / seconds,
                 details.pumpDetailsKnown() ? "known" : "MISSING");
-    std::printf("link thread (ProtocolCommsThread): %.2f %% of one core\n", linkShare);
-    std::printf("user-interface thread:             %.2f %% of one core\n", uiShare);
-    std::printf("both threads:                      %.2f %% of one core (target below 2 %%)\n",
-                linkShare + uiShare);
+    shares.print(2);
     return 0;
 }

@@ -9,13 +9,11 @@
 #include "tests/support/SimulatorLink.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QTimer>
 
 #include <cstdio>
 
 using namespace communication;
-using bench::threadCpuSeconds;
+using bench::ThreadShares;
 using testsupport::SimulatorLink;
 
 namespace {
@@ -78,29 +76,13 @@ int main(int argc, char* argv[]) {
     ui.listen(values.get<PumpEnableLineAsserted>(),
               &PumpEnableLineAsserted::enableLineAssertedChanged);
 
-    // Measure once the subscriptions are in place.
-    QEventLoop loop;
-    QTimer::singleShot(1000, &loop, &QEventLoop::quit);
-    loop.exec();
-
-    double linkStart = 0.0;
-    link.runOnCommsThread([&linkStart] { linkStart = threadCpuSeconds(); });
-    const double uiStart = threadCpuSeconds();
+    bench::runFor(1000); // subscriptions in place, the first answers in
     const long updatesStart = ui.updates;
-    QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
-    loop.exec();
-    double linkEnd = 0.0;
-    link.runOnCommsThread([&linkEnd] { linkEnd = threadCpuSeconds(); });
-    const double uiEnd = threadCpuSeconds();
+    const ThreadShares shares = ThreadShares::measure(link, seconds);
 
-    const double linkShare = 100.0 * (linkEnd - linkStart) / seconds;
-    const double uiShare = 100.0 * (uiEnd - uiStart) / seconds;
     std::printf("values_cpu_bench: %d s, %ld updates (%.0f/s)\n", seconds,
                 ui.updates - updatesStart,
                 static_cast<double>(ui.updates - updatesStart) / seconds);
-    std::printf("link thread (ProtocolCommsThread): %.2f %% of one core\n", linkShare);
-    std::printf("user-interface thread:             %.2f %% of one core\n", uiShare);
-    std::printf("both threads:                      %.2f %% of one core (target below 3 %%)\n",
-                linkShare + uiShare);
+    shares.print(3);
     return 0;
 }

@@ -58,6 +58,8 @@ QtObject {
     readonly property int snackbarWidth: 320
     readonly property int toolTipDelay: 500
     readonly property int toolTipWidth: 280
+    /// How far beyond its view a short list keeps its entries built.
+    readonly property int listCacheExtent: 4096
 
     /// The connecting page's plug and socket.
     readonly property int connectorWidth: 240

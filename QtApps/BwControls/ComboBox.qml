@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import BwConstants
 
-// A drop-down choice. The model's entries are plain texts, or objects whose `textRole` names
-// the text.
+// A drop-down choice. The model is an array of texts (or of objects whose `textRole` names the
+// text), or an item model whose role `textRole` is the text.
 T.ComboBox {
     id: control
 
@@ -20,12 +20,13 @@ T.ComboBox {
 
     // The delegate reads the combo box's own properties. It runs in this file's
     // scope, which the Qt 6.4 linter cannot see from inside a delegate; tests check the lines.
+    // The entry's text comes from the context the view gives each delegate (`model`,
+    // `modelData`), which differs between arrays and item models.
     delegate: T.ItemDelegate {
         id: option
-        required property int index
-        required property var modelData
         // qmllint disable unqualified
-        readonly property string optionText: control.textRole.length > 0 ? option.modelData[control.textRole] : option.modelData
+        readonly property string optionText: control.textRole.length === 0 ? modelData
+            : Array.isArray(control.model) ? modelData[control.textRole] : model[control.textRole]
         width: ListView.view ? ListView.view.width : implicitWidth
         implicitHeight: BwSpacing.controlHeight
         padding: BwSpacing.small
@@ -81,7 +82,11 @@ T.ComboBox {
         implicitHeight: Math.min(contentItem.implicitHeight, control.Window.height / 2)
         padding: BwSpacing.xxs
         contentItem: ListView {
+            objectName: "comboList"
             clip: true
+            // Every entry exists, also those scrolled out of view (lists here are short), so that
+            // keyboard and screen-reader users reach each one.
+            cacheBuffer: BwSpacing.listCacheExtent
             implicitHeight: contentHeight
             model: control.delegateModel
             currentIndex: control.highlightedIndex

@@ -81,6 +81,7 @@ T.Popup {
         }
         Text {
             id: messageText
+            objectName: "overlayMessage"
             width: parent.width
             text: overlay.text
             visible: text.length > 0

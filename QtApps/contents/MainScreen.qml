@@ -49,6 +49,7 @@ Rectangle {
             Layout.preferredWidth: implicitWidth
             onFaultsCleared: snackbar.show(qsTr("Faults Cleared"))
             onAboutRequested: about.open()
+            onPumpInformationRequested: pumpInformation.open()
         }
 
         Tabs {
@@ -80,6 +81,15 @@ Rectangle {
 
     AboutOverlay {
         id: about
+        objectName: "about"
+        appVersion: screen.appVersion
+    }
+    FirmwareUpdatedOverlay {
+        objectName: "firmwareUpdated"
+    }
+    PumpInfoOverlay {
+        id: pumpInformation
+        objectName: "pumpInformation"
         appVersion: screen.appVersion
     }
 }

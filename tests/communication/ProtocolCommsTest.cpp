@@ -1,10 +1,14 @@
 // The receive path and the port life of the comms object, over a real pseudo-terminal.
 #include "QtApps/Common/Core/Communication/ProtocolComms.h"
+#include "QtApps/Common/Core/Communication/PortOpenFailure.h"
 #include "tests/support/PumpLine.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
+using communication::PortOpenFailure;
+
+Q_DECLARE_METATYPE(communication::PortOpenFailure)
 using communication::ProtocolComms;
 using communication::ProtocolRequestLogWrapper;
 using communication::objects::ProtocolObject;
@@ -146,6 +150,44 @@ private slots:
         mPump->pty().closeMaster();
         QTRY_VERIFY(!mComms->isPortOpen());
         QTRY_COMPARE(timeouts.count(), 1);
+    }
+
+    void openFailure_isReportedWithItsReasonInPlainWords() {
+        mComms->closePort();
+        QSignalSpy failures(mComms.get(), &ProtocolComms::portOpenFailed);
+        QVERIFY(!mComms->openPort(QStringLiteral("/dev/no-such-port")));
+        QCOMPARE(failures.count(), 1);
+        QCOMPARE(failures[0][0].toString(), QStringLiteral("/dev/no-such-port"));
+        QVERIFY2(failures[0][1].toString().contains(QStringLiteral("there is no such port")),
+                 qPrintable(failures[0][1].toString()));
+    }
+
+    // Qt reports a device the user may not open and one another program holds alike.
+    void openFailure_tellsMissingPermissionFromAPortInUse_data() {
+        QTest::addColumn<QSerialPort::SerialPortError>("error");
+        QTest::addColumn<bool>("accessible");
+        QTest::addColumn<PortOpenFailure>("failure");
+        QTest::addColumn<QString>("advice");
+        QTest::newRow("not found") << QSerialPort::DeviceNotFoundError << true
+                                   << PortOpenFailure::NotFound << "no such port";
+        QTest::newRow("not in dialout")
+            << QSerialPort::PermissionError << false << PortOpenFailure::NoPermission
+            << "sudo usermod -aG dialout $USER";
+        QTest::newRow("locked by another program")
+            << QSerialPort::PermissionError << true << PortOpenFailure::InUse
+            << "another program is using it";
+        QTest::newRow("other") << QSerialPort::OpenError << true << PortOpenFailure::Other
+                               << "Cannot open ttyUSB0: the detail";
+    }
+    void openFailure_tellsMissingPermissionFromAPortInUse() {
+        QFETCH(QSerialPort::SerialPortError, error);
+        QFETCH(bool, accessible);
+        QFETCH(PortOpenFailure, failure);
+        QFETCH(QString, advice);
+        QCOMPARE(communication::ClassifyPortOpenFailure(error, accessible), failure);
+        const QString text = communication::PortOpenFailureText(failure, QStringLiteral("ttyUSB0"),
+                                                                QStringLiteral("the detail"));
+        QVERIFY2(text.contains(advice), qPrintable(text));
     }
 };
 

@@ -10,6 +10,7 @@
 #include "tests/support/FirmwareUpdateRig.h"
 
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -67,6 +68,8 @@ class FirmwareUpdateEndToEndTest : public QObject {
     Q_OBJECT
 
 private slots:
+    // The settings backups every update makes go to a test folder, not the user's.
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
     void oneImage_isVerifiedAndThePumpRestartsIntoIt();
     void twoImages_areSentInTheManifestsOrder();
     void pumpFailure_endsInItsStateAndASecondStartSucceeds_data();

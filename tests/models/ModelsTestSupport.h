@@ -2,8 +2,6 @@
 
 #include "tests/values/ValuesLink.h"
 
-#include "QtApps/Common/Core/Communication/ProtocolCommsInterface.h"
-
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -14,18 +12,5 @@ namespace testsupport {
 inline void deliverQueued() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
 }
-
-/// The comms object as the pump session sees it, over a values link: no port ever opens.
-class HarnessComms final : public communication::ProtocolCommsInterface {
-public:
-    explicit HarnessComms(ValuesLink& link) : mLink(link) {}
-    bool openPort(const QString& /*portName*/) override { return false; }
-    void closePort() override {}
-    void clearRequestLog() override {}
-    communication::ProtocolObjectContainer& protocolObjects() override { return mLink.container(); }
-
-private:
-    ValuesLink& mLink;
-};
 
 } // namespace testsupport

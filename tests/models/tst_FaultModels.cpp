@@ -33,7 +33,7 @@ QList<int> activeRows(const QAbstractItemModel& model) {
 struct Rig {
     ValuesLink link;
     PumpFaults faults{link.container()};
-    testsupport::HarnessComms comms{link};
+    ValuesComms comms{link};
     communication::PumpSession session{comms};
     communication::PumpSessionController controller{session};
     void word(uint32_t faultWord) {

@@ -3,6 +3,7 @@
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "QtApps/Common/Models/PumpFaultsModel.h"
 #include "QtApps/Common/Models/PumpLogModel.h"
+#include "tests/support/SignalCounter.h"
 #include "tests/support/SimulatorLink.h"
 
 #include <QAbstractItemModelTester>
@@ -12,6 +13,7 @@
 
 using namespace communication;
 using models::log::PumpLogModel;
+using testsupport::SignalCounter;
 using testsupport::SimulatorLink;
 
 namespace {
@@ -19,16 +21,6 @@ namespace {
 constexpr int kAnswerTimeoutMs = 5000;
 // A dozen entries, each tried up to three times 100 to 200 ms apart.
 constexpr int kReadTimeoutMs = 20000;
-
-// Counts a value's signal on the test thread (the value emits on the comms thread).
-class SignalCounter : public QObject {
-public:
-    template <typename Sender, typename Owner, typename... Args>
-    SignalCounter(Sender* sender, void (Owner::*signal)(Args...)) {
-        connect(static_cast<Owner*>(sender), signal, this, [this](Args...) { ++count; });
-    }
-    int count = 0;
-};
 
 // The rows' texts without their time prefixes, which must all be well formed.
 QStringList eventTexts(const PumpLogModel& model) {

@@ -1,6 +1,7 @@
-// The screens' reusable parts in Qt Quick Test: the quantity input, the tabs, the snackbar, the
-// side panel's states and the pump-status texts. The side panel binds the controllers, so a real
-// core (with no pump) is built for it.
+// The QML side in Qt Quick Test, on the application's real core with no pump (no window emits
+// startScanning, so requests end at the link): every "cpp." controller and model module as the
+// screens import it, and the screens' reusable parts (the quantity input, the tabs, the snackbar,
+// the side panel's states, the pump-status texts).
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObjectMetaTypes.h"
 #include "QtApps/Common/Instantiation/ApplicationCore.h"
 

@@ -2,6 +2,7 @@
 #include "QtApps/Common/Core/Communication/ProtocolObjects/ProtocolObjectMetaTypes.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/SignalCounter.h"
 #include "tests/support/SimulatorLink.h"
 
 #include <QDir>
@@ -14,21 +15,12 @@
 #include <QTest>
 
 using namespace communication;
+using testsupport::SignalCounter;
 using testsupport::SimulatorLink;
 
 namespace {
 
 constexpr int kResultTimeoutMs = 8000;
-
-// Counts a value's signal on the test thread (the value emits on the comms thread).
-class SignalCounter : public QObject {
-public:
-    template <typename Sender, typename Owner, typename... Args>
-    SignalCounter(Sender* sender, void (Owner::*signal)(Args...)) {
-        connect(static_cast<Owner*>(sender), signal, this, [this](Args...) { ++count; });
-    }
-    int count = 0;
-};
 
 QByteArray readAll(const QString& path) {
     QFile file(path);

@@ -1,6 +1,7 @@
 #include "tests/controllers/ControllerRig.h"
 
 #include "QtApps/Common/Controllers/PumpSettingsController.h"
+#include "QtApps/Common/Model/PumpSettings/SettingsBackup.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 using communication::PumpSettingsController;
@@ -89,6 +91,8 @@ private slots:
     void load_fittingFileGoesOnToReadThePump_data();
     void load_fittingFileGoesOnToReadThePump();
     void save_unwritableTargetFailsBeforeAskingThePump();
+    void backupPath_isTheSerialAndTimeInTheDataFolder_data();
+    void backupPath_isTheSerialAndTimeInTheDataFolder();
 };
 
 void PumpSettingsFilesTest::load_badFilesAreRefusedWithoutTouchingThePump_data() {
@@ -257,6 +261,26 @@ void PumpSettingsFilesTest::save_unwritableTargetFailsBeforeAskingThePump() {
     ControllerRig::settle();
     QCOMPARE(rig.link.sentCount(), 0);
     QCOMPARE(QDir(folder.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
+}
+
+void PumpSettingsFilesTest::backupPath_isTheSerialAndTimeInTheDataFolder_data() {
+    QTest::addColumn<QString>("serial");
+    QTest::addColumn<QString>("fileName");
+    QTest::newRow("plain") << "AB1234"
+                           << "AB1234_250314_093005.json";
+    QTest::newRow("unsafe characters") << "../A B:7/\\x"
+                                       << ".._A_B_7__x_250314_093005.json";
+    QTest::newRow("no serial") << " "
+                               << "pump_250314_093005.json";
+}
+
+void PumpSettingsFilesTest::backupPath_isTheSerialAndTimeInTheDataFolder() {
+    QFETCH(QString, serial);
+    QFETCH(QString, fileName);
+    const QDateTime time(QDate(2025, 3, 14), QTime(9, 30, 5));
+    const QString path = pumpSettings::SettingsBackup::backupPath(serial, time);
+    QCOMPARE(path, QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                       QStringLiteral("/backups/") + fileName);
 }
 
 QTEST_GUILESS_MAIN(PumpSettingsFilesTest)

@@ -1,6 +1,7 @@
 #include "FirmwareUpdateRig.h"
 
 #include "QtApps/Common/Controllers/FirmwareUpdateController.h"
+#include "QtApps/Common/Controllers/PumpDetailsController.h"
 #include "QtApps/Common/Controllers/PumpSessionController.h"
 #include "QtApps/Common/Core/Communication/ProtocolComms.h"
 #include "QtApps/Common/Model/FirmwareUpdate/MiniZipReader.h"
@@ -23,6 +24,7 @@ FirmwareUpdateRig::FirmwareUpdateRig(const QStringList& simulatorArguments)
 
 FirmwareUpdateRig::~FirmwareUpdateRig() {
     mController.reset();
+    mDetails.reset();
     mSessionController.reset();
     if (mComms != nullptr) {
         // Deleted on its own thread, as at the application's exit.
@@ -46,8 +48,9 @@ bool FirmwareUpdateRig::start(QString& error) {
     mReader = new common::MiniZipReader(mComms);
     mPumpSession = new communication::PumpSession(*mComms, QStringList{port}, mComms);
     mSessionController = std::make_unique<communication::PumpSessionController>(*mPumpSession);
+    mDetails = std::make_unique<communication::PumpDetailsController>(*mValues, *mPumpSession);
     mController = std::make_unique<firmwareUpdate::FirmwareUpdateController>(
-        *mReader, mComms->protocolObjects(), *mValues, *mSessionController);
+        *mReader, mComms->protocolObjects(), *mValues, *mSessionController, *mDetails);
     mComms->moveToThread(&mThread);
     mThread.start();
 

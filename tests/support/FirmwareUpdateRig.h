@@ -14,6 +14,7 @@ namespace common {
 class MiniZipReader;
 }
 namespace communication {
+class PumpDetailsController;
 class PumpSession;
 class PumpSessionController;
 class PumpValues;
@@ -62,6 +63,7 @@ private:
     common::MiniZipReader* mReader = nullptr;
     communication::PumpSession* mPumpSession = nullptr;
     std::unique_ptr<communication::PumpSessionController> mSessionController;
+    std::unique_ptr<communication::PumpDetailsController> mDetails;
     std::unique_ptr<firmwareUpdate::FirmwareUpdateController> mController;
     QThread mThread;
 };

@@ -53,6 +53,7 @@ void PumpModel::logEvent(const QString& text) {
 }
 
 void PumpModel::restart() {
+    const bool newFirmware = mFirmwareVersion != mInstalledFirmware;
     mFirmwareVersion = mInstalledFirmware;
     mApplicationSpeedDrpm = 0;
     mOverrideActive = false;
@@ -69,6 +70,9 @@ void PumpModel::restart() {
                  .arg(mFirmwareVersion.major)
                  .arg(mFirmwareVersion.minor)
                  .arg(mFirmwareVersion.patch));
+    if (newFirmware && mOptions.firmwareResetsSettings) {
+        resetSettings();
+    }
 }
 
 void PumpModel::advance(int ms) {

@@ -100,6 +100,9 @@ struct Definitions {
                        "(program failed halfway), verify (CRC mismatch) or silent (stop asking "
                        "for data halfway)."),
         QStringLiteral("KIND")};
+    QCommandLineOption firmwareResets{
+        QStringLiteral("firmware-resets-settings"),
+        QStringLiteral("New firmware starts with the default settings (the fitted head stays).")};
     QCommandLineOption unplug{QStringLiteral("unplug-after"),
                               QStringLiteral("Close the line after MS milliseconds, as if the "
                                              "cable were pulled, and exit."),
@@ -126,13 +129,14 @@ struct Definitions {
                                                 "input.")};
 
     void addTo(QCommandLineParser& parser) const {
-        parser.addOptions({help,        pty,          device,   variant,          motor,
-                           deviceType,  motorType,    head,     serial,           partNumber,
-                           description, firmware,     protocol, maxSubscriptions, clampSpeeds,
-                           latency,     dropIn,       dropOut,  corruptIn,        corruptOut,
-                           duplicateIn, duplicateOut, stall,    stallInterval,    pace,
-                           unplug,      seed,         frameLog, noConsole,        firmwareFault,
-                           replay,      controlInput});
+        parser.addOptions(
+            {help,           pty,          device,      variant,          motor,
+             deviceType,     motorType,    head,        serial,           partNumber,
+             description,    firmware,     protocol,    maxSubscriptions, clampSpeeds,
+             latency,        dropIn,       dropOut,     corruptIn,        corruptOut,
+             duplicateIn,    duplicateOut, stall,       stallInterval,    pace,
+             unplug,         seed,         frameLog,    noConsole,        firmwareFault,
+             firmwareResets, replay,       controlInput});
     }
 };
 
@@ -374,6 +378,7 @@ std::optional<SimulatorOptions> SimulatorOptions::parse(const QStringList& argum
         }
         options.controlInput = static_cast<std::uint8_t>(index);
     }
+    options.firmwareResetsSettings = parser.isSet(d.firmwareResets);
     options.frameLogPath = parser.value(d.frameLog);
     options.replayPath = parser.value(d.replay);
     return options;

@@ -58,6 +58,9 @@ struct SimulatorOptions {
     std::uint64_t seed = 0;
     bool seedGiven = false;
     FirmwareFault firmwareFault = FirmwareFault::None;
+    /// New application firmware starts with the settings' defaults, as after an update that
+    /// changes the layout of the pump's non-volatile memory.
+    bool firmwareResetsSettings = false;
     QString frameLogPath; // "-" = standard error
     /// A session recording whose pump side is played back instead of the simulated pump.
     QString replayPath;

@@ -104,9 +104,19 @@ int main(int argc, char* argv[]) {
     app.click(QStringLiteral("collapseButton"));
 
     app.click(QStringLiteral("tab1"));
+    ScreenDriver::wait(500);
     shot(QStringLiteral("setup"));
     app.click(QStringLiteral("tab2"));
+    ScreenDriver::wait(1500); // the log read
     shot(QStringLiteral("maintenance"));
+    app.click(QStringLiteral("clearLogButton"));
+    ScreenDriver::wait(300);
+    shot(QStringLiteral("maintenance-clear-log"));
+    app.click(QStringLiteral("overlayCancel"));
+    app.click(QStringLiteral("pumpInformationButton"));
+    ScreenDriver::wait(300);
+    shot(QStringLiteral("pump-information"));
+    app.click(QStringLiteral("overlayCancel"));
     app.click(QStringLiteral("aboutButton"));
     ScreenDriver::wait(300);
     shot(QStringLiteral("about"));

@@ -43,7 +43,7 @@ ControllerRegistry::ControllerRegistry(ProtocolComms& comms, PumpValues& values,
                                                *mFrequencyResolution, this))
     , mSettings(new PumpSettingsController(values, this))
     , mFirmwareUpdate(new firmwareUpdate::FirmwareUpdateController(
-          zipReader, comms.protocolObjects(), values, *mSession, this))
+          zipReader, comms.protocolObjects(), values, *mSession, *mDetails, this))
     , mLinkStats(new LinkStatsController(comms, this)) {
     PumpAnalogFilterController::publish(mAnalogFilter);
     PumpApplicationSpeedController::publish(mApplicationSpeed);

@@ -1,11 +1,16 @@
 #include "FirmwareUpdateController.h"
 
+#include "PumpDetailsController.h"
 #include "PumpSessionController.h"
 #include "QueuedCall.h"
 
+#include "QtApps/Common/Logger/Log.h"
+
 #include "QtApps/Common/Model/FirmwareUpdate/FirmwareUpdateModel.h"
+#include "QtApps/Common/Model/PumpSettings/PumpSettings.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QUrl>
 
@@ -13,13 +18,16 @@
 
 namespace firmwareUpdate {
 
-FirmwareUpdateController::FirmwareUpdateController(common::ArchiveReaderInterface& reader,
-                                                   communication::ProtocolObjectContainer& objects,
-                                                   communication::PumpValues& values,
-                                                   communication::PumpSessionController& session,
-                                                   QObject* parent)
+FirmwareUpdateController::FirmwareUpdateController(
+    common::ArchiveReaderInterface& reader, communication::ProtocolObjectContainer& objects,
+    communication::PumpValues& values, communication::PumpSessionController& session,
+    const communication::PumpDetailsController& details, QObject* parent)
     : QObject(parent)
-    , mModel(new FirmwareUpdateModel(reader, objects, values, &values)) {
+    , mModel(new FirmwareUpdateModel(reader, objects, values, &values))
+    , mDetails(details)
+    , mBackup(values) {
+    connect(&mBackup, &pumpSettings::SettingsBackup::saved, this,
+            &FirmwareUpdateController::onBackupSaved);
     FirmwareUpdateModel* model = mModel;
     // Everything below crosses threads once the link runs on its own: queued both ways.
     connect(model, &FirmwareUpdateModel::viewChanged, this,
@@ -61,12 +69,52 @@ void FirmwareUpdateController::loadBundle(const QString& fileUrl) {
                               bundlePathFromUrl(fileUrl));
 }
 
+QUrl FirmwareUpdateController::settingsBackupUrl() const {
+    return mBackupPath.isEmpty() ? QUrl() : QUrl::fromLocalFile(mBackupPath);
+}
+
 void FirmwareUpdateController::startUpdate() {
+    // The model refuses, with its reason in the log, an update it cannot start.
+    if (!mView.updateEnabled) {
+        communication::callQueued(*mModel, &FirmwareUpdateModel::startUpdate);
+        return;
+    }
+    if (mBackup.save(mDetails.pumpSerial())) {
+        emit backingUpChanged();
+    }
+}
+
+void FirmwareUpdateController::onBackupSaved(bool success, const QString& path,
+                                             pumpSettings::PumpSettingsResultType result) {
+    emit backingUpChanged();
+    if (!success) {
+        const QString reason = pumpSettings::PumpSettings::resultText(result);
+        BWL_LOG_WARN(
+            "onBackupSaved",
+            QStringLiteral("Firmware update not started: no settings backup (%1)").arg(reason));
+        emit errorOccurred(tr("The pump's settings could not be saved to %1 (%2). The firmware "
+                              "was not updated.")
+                               .arg(QDir::toNativeSeparators(path), reason));
+        return;
+    }
+    mBackupPath = path;
+    emit settingsBackupChanged();
     communication::callQueued(*mModel, &FirmwareUpdateModel::startUpdate);
+}
+
+void FirmwareUpdateController::acknowledgeUpdate() {
+    if (std::exchange(mUpdateFinished, false)) {
+        emit updateFinishedChanged();
+    }
 }
 
 void FirmwareUpdateController::onViewChanged(const FirmwareUpdateView& view) {
     const FirmwareUpdateView old = std::exchange(mView, view);
+    if (old.state == FirmwareUpdateModelState::Rebooting &&
+        view.state == FirmwareUpdateModelState::Succeeded && !mUpdateFinished) {
+        mUpdateFinished = true;
+        emit updateFinishedChanged();
+    }
     if (old.state != view.state || old.statusText != view.statusText) {
         emit statusChanged();
     }

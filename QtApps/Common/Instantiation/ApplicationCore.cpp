@@ -18,14 +18,14 @@ constexpr unsigned long kCommsThreadExitWaitMs = 2000;
 } // namespace
 
 ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames,
-                                 const QString& recordPath)
+                                 logger::ConsoleEcho consoleEcho, const QString& recordPath)
     : mComms(new communication::ProtocolComms(*this))
     , mValues(new communication::PumpValues(*mComms))
     , mZipReader(new common::MiniZipReader(mComms))
     , mControllers(new communication::ControllerRegistry(*mComms, *mValues, *mZipReader, portNames,
                                                          application))
     , mModels(new models::ModelRegistry(*mValues, *mControllers, application))
-    , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName())) {
+    , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName(), consoleEcho)) {
     // Queued to the comms object: it starts once the link runs on its thread.
     mControllers->linkStatsController().startRecordingAtStartUp(recordPath);
     mCommsThread.setObjectName(QStringLiteral("ProtocolCommsThread"));
@@ -37,6 +37,22 @@ ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringLis
     QObject::connect(&application, &QCoreApplication::aboutToQuit, mLogger, &QObject::deleteLater);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, mLogger,
                      &logger::LoggerInstantiation::onApplicationExit);
+}
+
+communication::ProtocolComms& ApplicationCore::comms() const {
+    return *mComms;
+}
+
+communication::PumpValues& ApplicationCore::values() const {
+    return *mValues;
+}
+
+communication::ControllerRegistry& ApplicationCore::controllers() const {
+    return *mControllers;
+}
+
+models::ModelRegistry& ApplicationCore::models() const {
+    return *mModels;
 }
 
 // A finishing thread runs the deferred deletions posted to it, so the comms object is gone (on

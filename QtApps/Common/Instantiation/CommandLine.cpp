@@ -40,12 +40,16 @@ CommandLineOptions ParseCommandLine(const QCoreApplication& application) {
     parser.process(application);
 
     CommandLineOptions options;
-    options.portNames = parser.values(port);
-    if (options.portNames.isEmpty()) {
-        options.portNames = PortsFromVariable(qEnvironmentVariable(kPortsVariable));
-    }
+    options.portNames = ChosenPorts(parser.values(port));
     options.recordPath = parser.value(record);
     return options;
+}
+
+QStringList ChosenPorts(const QStringList& named) {
+    if (!named.isEmpty()) {
+        return named;
+    }
+    return PortsFromVariable(qEnvironmentVariable(kPortsVariable));
 }
 
 } // namespace common

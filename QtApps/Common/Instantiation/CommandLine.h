@@ -27,4 +27,8 @@ CommandLineOptions ParseCommandLine(const QCoreApplication& application);
 /// Splits the variable's value; empty names are dropped.
 QStringList PortsFromVariable(const QString& value);
 
+/// The ports to scan when `named` were given with `--port`: those, else those of
+/// BRACKWATER_LINK_PORTS, else none (every port the platform lists).
+QStringList ChosenPorts(const QStringList& named);
+
 } // namespace common

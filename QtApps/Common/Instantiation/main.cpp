@@ -62,7 +62,8 @@ int main(int argc, char* argv[]) {
     translations.InstallTranslators();
 
     communication::objects::registerProtocolObjectMetaTypes();
-    common::ApplicationCore core(application, options.portNames, options.recordPath);
+    common::ApplicationCore core(application, options.portNames, logger::ConsoleEcho::AsConfigured,
+                                 options.recordPath);
 
     QQmlApplicationEngine engine;
     const QUrl mainUrl(QString::fromLatin1(kMainQml));

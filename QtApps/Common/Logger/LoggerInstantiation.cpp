@@ -10,9 +10,11 @@
 
 namespace logger {
 
-LoggerInstantiation::LoggerInstantiation(const QString& applicationName, QObject* parent)
+LoggerInstantiation::LoggerInstantiation(const QString& applicationName, ConsoleEcho echo,
+                                         QObject* parent)
     : QObject(parent)
     , mApplicationName(applicationName)
+    , mEcho(echo)
     , mPropertiesPath(QDir(QCoreApplication::applicationDirPath())
                           .filePath(QString::fromLatin1(kPropertiesFileName))) {
     qputenv("APPNAME", applicationName.toUtf8());
@@ -28,11 +30,12 @@ LoggerInstantiation::LoggerInstantiation(const QString& applicationName, QObject
 
 void LoggerInstantiation::Configure(const char* function) {
     if (!ConfigureFromFile(mPropertiesPath)) {
-        ConfigureDefaults();
+        ConfigureDefaults(mEcho);
         BWL_LOG_WARN(function, QStringLiteral("%1 gives the root logger no appender; logging "
                                               "with the defaults instead")
                                    .arg(mPropertiesPath));
     }
+    ApplyConsoleEcho(mEcho);
 }
 
 // Editors often replace a file rather than rewrite it, which ends its watch: watch it again.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LogSetup.h"
+
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QString>
@@ -10,6 +12,9 @@ namespace logger {
 /// "log4qt.properties" beside the executable if there is one and reads it again whenever it
 /// changes, and logs the start and the stop of the program.
 ///
+/// `echo` holds every configuration, the file's included, to where the program lets log lines
+/// appear (see ConsoleEcho).
+///
 /// The file is watched here with the platform's change notification rather than by log4cxx's own
 /// polling thread, which can deadlock the process at exit.
 class LoggerInstantiation final : public QObject {
@@ -18,7 +23,9 @@ class LoggerInstantiation final : public QObject {
 public:
     static constexpr const char* kPropertiesFileName = "log4qt.properties";
 
-    explicit LoggerInstantiation(const QString& applicationName, QObject* parent = nullptr);
+    explicit LoggerInstantiation(const QString& applicationName,
+                                 ConsoleEcho echo = ConsoleEcho::AsConfigured,
+                                 QObject* parent = nullptr);
 
 public slots:
     void onApplicationExit();
@@ -30,6 +37,7 @@ private:
     void onPropertiesChanged();
 
     QString mApplicationName;
+    ConsoleEcho mEcho;
     QString mPropertiesPath;
     QFileSystemWatcher mWatcher;
 };

@@ -18,15 +18,16 @@ namespace models {
 using namespace communication;
 
 ModelRegistry::ModelRegistry(PumpValues& values, ControllerRegistry& controllers,
-                             QCoreApplication& application) {
+                             QCoreApplication& application)
+    : mFaults(new faults::PumpFaultsModel(values.get<PumpFaults>(), this))
+    , mLog(new log::PumpLogModel(values.get<PumpLog>(), this)) {
     auto* headsModel = new pumpHeads::PumpHeadsModel(values.get<PumpHeads>(), this);
-    auto* faultsModel = new faults::PumpFaultsModel(values.get<PumpFaults>(), this);
 
     pumpHeads::PumpHeadsSortFilterProxyModel::publish(
         new pumpHeads::PumpHeadsSortFilterProxyModel(*headsModel, this));
     faults::PumpFaultsSortFilterProxyModel::publish(
-        new faults::PumpFaultsSortFilterProxyModel(*faultsModel, this));
-    log::PumpLogModel::publish(new log::PumpLogModel(values.get<PumpLog>(), this));
+        new faults::PumpFaultsSortFilterProxyModel(*mFaults, this));
+    log::PumpLogModel::publish(mLog);
     torque::PumpTorqueTargetsModel::publish(new torque::PumpTorqueTargetsModel(
         values.get<PumpTorqueTargets>(), values.get<PumpTorqueIndex>(), this));
     faults::PumpSimulatedFaultsModel::publish(new faults::PumpSimulatedFaultsModel(

@@ -11,6 +11,13 @@ class PumpValues;
 
 namespace models {
 
+namespace faults {
+class PumpFaultsModel;
+}
+namespace log {
+class PumpLogModel;
+}
+
 /// Creates the list models the screens show and registers five of them as QML singletons,
 /// each in a module of its own ("cpp." followed by its type name, version 1.0), in this order:
 /// "cpp.PumpHeadsSortFilterProxyModel", "cpp.PumpFaultsSortFilterProxyModel", "cpp.PumpLogModel",
@@ -27,6 +34,14 @@ class ModelRegistry final : public QObject {
 public:
     ModelRegistry(communication::PumpValues& values, communication::ControllerRegistry& controllers,
                   QCoreApplication& application);
+
+    /// The live faults behind the fault list's filtered view.
+    faults::PumpFaultsModel& pumpFaultsModel() const { return *mFaults; }
+    log::PumpLogModel& pumpLogModel() const { return *mLog; }
+
+private:
+    faults::PumpFaultsModel* mFaults;
+    log::PumpLogModel* mLog;
 };
 
 } // namespace models

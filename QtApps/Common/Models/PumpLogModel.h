@@ -48,8 +48,9 @@ public:
 
     /// Appends the export of the rows shown to the file at `path` (see PumpLogExport.h);
     /// false, with nothing changed on disk, when it cannot be written.
-    bool exportToFile(const QString& path, const QString& pumpSerial,
-                      const QString& pumpSoftwareVersion, const QString& appSoftwareVersion) const;
+    Q_INVOKABLE bool exportToFile(const QString& path, const QString& pumpSerial,
+                                  const QString& pumpSoftwareVersion,
+                                  const QString& appSoftwareVersion) const;
 
     /// The file name the save dialog proposes for an export made now.
     static QString proposedExportPath(const QString& pumpSerial);

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "PumpFaultsModelsCommon.h"
+#include "FaultRowsModel.h"
 
 #include "QtApps/Common/Controllers/QmlSingleton.h"
 
-#include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
 namespace communication {
@@ -16,29 +15,18 @@ namespace models::faults {
 /// The faults a technician can make the pump raise on purpose ("cpp.PumpSimulatedFaultsModel",
 /// the override screen's "Test Faults"). A row turns active only when the pump confirms that it
 /// raised the fault, and inactive when a later fault word no longer has it; a pump that is no
-/// longer connected resets every row.
-///
-/// Roles (the numbers are the role values themselves, not offsets from Qt::UserRole):
-///   0 "name"    the fault's translated name (QString)
-///   1 "active"  whether the pump confirmed raising it and still reports it (bool)
-///   2 "title"   the fault's group heading, often empty (QString)
+/// longer connected resets every row. Its rows expose "name", "active" (the pump confirmed
+/// raising the fault and still reports it) and "title".
 class PumpSimulatedFaultsModel final
-    : public QAbstractListModel,
-      public PumpFaultsModelsCommon,
+    : public FaultRowsModel,
       public communication::QmlSingleton<PumpSimulatedFaultsModel> {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
 
 public:
-    enum Role { NameRole = 0, ActiveRole = 1, TitleRole = 2 };
-
     PumpSimulatedFaultsModel(communication::PumpFaults& faults,
                              const communication::PumpSessionController& session, QObject* parent);
-
-    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 
     /// Asks the pump to raise the fault of row `index` (motor-fault type index + 1); the row
     /// follows once the pump confirms. An index outside 0..13 is logged and sends nothing.
@@ -54,11 +42,8 @@ public slots:
     void updateFaults(const QList<communication::PumpFaults::FaultStatus>& faultList);
 
 private:
-    void resetRows();
-
     communication::PumpFaults& mFaults;
     const communication::PumpSessionController& mSession;
-    QList<FaultRow> mRows;
 };
 
 } // namespace models::faults

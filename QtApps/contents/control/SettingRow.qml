@@ -16,7 +16,9 @@ RowLayout {
     Text {
         Layout.preferredWidth: BwSpacing.labelWidth
         Layout.alignment: Qt.AlignTop
-        Layout.topMargin: BwSpacing.small
+        // Level with the first line of the control: centred on a field, on top of a text.
+        Layout.topMargin: holder.implicitHeight >= BwSpacing.controlHeight
+                          ? (BwSpacing.controlHeight - implicitHeight) / 2 : 0
         text: row.label
         font.pixelSize: BwFonts.body
         color: BwColours.textMuted

@@ -25,6 +25,8 @@ Rectangle {
     signal faultsCleared()
     /// The user asked for the about overlay.
     signal aboutRequested()
+    /// The user asked for the pump-information overlay.
+    signal pumpInformationRequested()
 
     state: faultActive ? "error" : warning ? "warning" : "default"
     states: [
@@ -129,6 +131,15 @@ Rectangle {
             id: linkHealth
         }
 
+        Button {
+            objectName: "pumpInformationButton"
+            Layout.fillWidth: panel.open
+            Layout.alignment: Qt.AlignHCenter
+            kind: "flat"
+            text: panel.open ? qsTr("Pump information") : "i"
+            Accessible.name: qsTr("Pump information")
+            onClicked: panel.pumpInformationRequested()
+        }
         Button {
             objectName: "aboutButton"
             Layout.fillWidth: panel.open

@@ -1,5 +1,7 @@
 #include "ProtocolComms.h"
 
+#include "PortOpenFailure.h"
+
 #include "QtApps/Common/Logger/Log.h"
 
 #include "Common/Protocol/ReceiveStream.h"
@@ -67,6 +69,10 @@ void ProtocolComms::stopRecording() {
 
 bool ProtocolComms::openPort(const QString& portName) {
     if (!mSerial->openPort(portName)) {
+        const PortOpenFailure failure =
+            ClassifyPortOpenFailure(mSerial->error(), IsDeviceAccessible(portName));
+        emit portOpenFailed(portName,
+                            PortOpenFailureText(failure, portName, mSerial->errorString()));
         return false;
     }
     mPortErrorReported = false;

@@ -28,6 +28,9 @@ signals:
     void protocolError(halyard::protocol::message::Status status);
     /// A frame could not be decoded: "Receive transport error".
     void transportError(QString error);
+    /// openPort(`portName`) failed; `reason` says why in plain words, with what fixes it (see
+    /// PortOpenFailureText). Emitted on every failed open, so a scan repeats it on each round.
+    void portOpenFailed(QString portName, QString reason);
 };
 
 } // namespace communication
