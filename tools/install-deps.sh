@@ -14,6 +14,7 @@ packages=(
   qml6-module-qtquick-controls qml6-module-qtquick-layouts qml6-module-qtquick-dialogs
   qml6-module-qtquick-shapes qml6-module-qt-labs-folderlistmodel
   qml6-module-qt-labs-settings qml6-module-qtcore qml6-module-qttest
+  qml6-module-qtcharts qt6-charts-dev
   libgl1-mesa-dri fonts-dejavu-core
   # logging, firmware bundles
   liblog4cxx-dev libminizip-dev zlib1g-dev

@@ -48,6 +48,11 @@ QtObject {
     readonly property int sidePanelCollapsedWidth: 76
     /// The widest a column of settings grows in a large window.
     readonly property int contentMaxWidth: 720
+    /// A live plot's chart: its height in the smallest window, the share of a taller window's
+    /// height it grows to, and the width of its lines.
+    readonly property int plotHeight: 220
+    readonly property real plotHeightShare: 0.35
+    readonly property int plotLineWidth: 2
     /// A modal dialog's width.
     readonly property int dialogWidth: 440
     readonly property int snackbarWidth: 320

@@ -21,7 +21,7 @@ class FileReader : public QObject {
     Q_PROPERTY(QString error READ error NOTIFY textChanged)
 
 public:
-    static constexpr qint64 kMaxBytes = 1024 * 1024;
+    static constexpr qint64 kMaxBytes = qint64{1024} * 1024;
 
     explicit FileReader(QObject* parent = nullptr);
 

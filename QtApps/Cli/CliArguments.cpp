@@ -21,6 +21,7 @@ struct Options {
     QCommandLineOption json{QStringLiteral("json")};
     QCommandLineOption timeout{QStringLiteral("timeout"), QString(), QStringLiteral("SECONDS")};
     QCommandLineOption verbose{QStringLiteral("verbose")};
+    QCommandLineOption record{QStringLiteral("record"), QString(), QStringLiteral("FILE")};
     QCommandLineOption seconds{QStringLiteral("seconds"), QString(), QStringLiteral("N")};
     QCommandLineOption dryRun{QStringLiteral("dry-run")};
     QCommandLineOption restoreSettings{QStringLiteral("restore-settings")};
@@ -67,7 +68,7 @@ CliArguments CliArguments::parse(const QStringList& arguments) {
     const Options options;
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOptions({options.port, options.json, options.timeout, options.verbose,
+    parser.addOptions({options.port, options.json, options.timeout, options.verbose, options.record,
                        options.seconds, options.dryRun, options.restoreSettings, options.help,
                        options.version});
     // Known even when the rest is wrong, so that a usage error answers in JSON too.
@@ -88,6 +89,7 @@ CliArguments CliArguments::parse(const QStringList& arguments) {
     CliInvocation& invocation = result.mInvocation;
     invocation.json = parser.isSet(options.json);
     invocation.verbose = parser.isSet(options.verbose);
+    invocation.recordPath = parser.value(options.record);
     invocation.ports = common::ChosenPorts(parser.values(options.port));
 
     QStringList positional = parser.positionalArguments();
@@ -148,7 +150,7 @@ QString CliArguments::helpText() {
     QString help =
         QStringLiteral(
             "Usage: brackwater-cli [--port PORT]... [--json] [--timeout SECONDS] [--verbose] "
-            "COMMAND [ARGS]\n"
+            "[--record FILE] COMMAND [ARGS]\n"
             "\n"
             "The service operations of Brackwater Link without a window, for scripts. It\n"
             "finds the pump as the application does (every serial port in turn, or only\n"
@@ -161,6 +163,7 @@ QString CliArguments::helpText() {
             "  --timeout SECONDS  How long to wait for a pump to answer (default 10).\n"
             "  --verbose          Echo the log on standard error (it always goes to the log "
             "file).\n"
+            "  --record FILE      Record every frame of the session into FILE, for support.\n"
             "  -h, --help         This help.\n"
             "  --version          The program's version.\n"
             "\n"

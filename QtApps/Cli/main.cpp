@@ -81,7 +81,7 @@ int main(int argc, char* argv[]) {
     logger::ConfigureDefaults(echo);
     logger::InstallQtMessageHandler();
     communication::objects::registerProtocolObjectMetaTypes();
-    common::ApplicationCore core(application, invocation.ports, echo);
+    common::ApplicationCore core(application, invocation.ports, echo, invocation.recordPath);
 
     cli::CommandContext context{invocation, core, output};
     const std::unique_ptr<cli::Command> command = cli::CreateCommand(context);

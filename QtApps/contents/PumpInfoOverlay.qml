@@ -2,12 +2,13 @@ import QtQuick
 import QtQuick.Layouts
 import BwConstants
 import BwLib
+import cpp.LinkStatsController
 import cpp.PumpDetailsController
 import cpp.PumpNetworkController
 
 // Everything the pump says about itself, for a support request: the device and pump details,
-// the versions, and for a network pump its network module. "Copy" puts it all on the clipboard
-// as text.
+// the versions, for a network pump its network module, and the serial link's figures of the last
+// minute (the link-health overlay has them all). "Copy" puts it all on the clipboard as text.
 ModalOverlay {
     id: overlay
 
@@ -37,6 +38,16 @@ ModalOverlay {
             rows.push([qsTr("Link"), PumpNetworkController.linkConnected ? qsTr("Connected") : qsTr("Not connected")])
             rows.push([qsTr("IP established"), PumpNetworkController.ipEstablished ? qsTr("Yes") : qsTr("No")])
         }
+        rows.push([qsTr("Serial port"), LinkStatsController.portName])
+        rows.push([qsTr("Traffic in / out"),
+                   qsTr("%1 / %2 B/s").arg(BwFormat.number(LinkStatsController.bytesInPerSecond, 0))
+                                      .arg(BwFormat.number(LinkStatsController.bytesOutPerSecond, 0))])
+        rows.push([qsTr("Ping, last / mean / worst"),
+                   qsTr("%1 / %2 / %3 ms").arg(BwFormat.number(LinkStatsController.pingLastMs, 0))
+                                          .arg(BwFormat.number(LinkStatsController.pingMeanMs, 0))
+                                          .arg(BwFormat.number(LinkStatsController.pingWorstMs, 0))])
+        rows.push([qsTr("Line errors and time-outs"), qsTr("%1 /min").arg(LinkStatsController.lineProblemsPerMinute)])
+        rows.push([qsTr("Retries"), qsTr("%1 /min").arg(LinkStatsController.retriesPerMinute)])
         return rows
     }
     /// The whole information as text, one "name: value" line each.

@@ -211,7 +211,7 @@ private slots:
         QVERIFY2(missing.value("error").toString().contains("no such port"), json.said());
     }
 
-    void info_describesThePumpAndStopsTheSession() {
+    void info_describesThePumpStopsTheSessionAndRecordsItWhenAsked() {
         const Run text = pump({"info"});
         QCOMPARE(text.status, 0);
         QVERIFY2(text.lines().contains("pumpSerial: SIM-000001"), text.said());
@@ -221,8 +221,16 @@ private slots:
         QTRY_COMPARE(simulatorEvents("Session stopped"), 1);
         QCOMPARE(simulatorEvents("Session started"), 1);
 
-        const Run json = pump({"info", "--json"});
+        const QString recordingPath = path(QStringLiteral("info.bwrec"));
+        const Run json = pump({"info", "--json", "--record", recordingPath});
         QCOMPARE(json.status, 0);
+        QFile recording(recordingPath);
+        QVERIFY(recording.open(QIODevice::ReadOnly));
+        const QByteArray recorded = recording.readAll();
+        QVERIFY2(recorded.startsWith("# Brackwater Link session recording 1\n"),
+                 recorded.constData());
+        QVERIFY(recorded.contains(" open " + mPort.toUtf8() + '\n'));
+        QVERIFY(recorded.contains("Request 0/0 attr=2 Set\n")); // the session start
         const QJsonObject info = json.json();
         QCOMPARE(info.value("ok").toBool(), true);
         QCOMPARE(info.value("pumpSerial").toString(), QStringLiteral("SIM-000001"));

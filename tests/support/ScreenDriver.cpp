@@ -109,6 +109,16 @@ QQuickItem* ScreenDriver::find(const QString& objectName) const {
     return findVisible(mWindow->contentItem()->parentItem(), objectName);
 }
 
+bool ScreenDriver::reveal(const QString& objectName) {
+    QQuickItem* item = find(objectName);
+    if (item == nullptr) {
+        return false;
+    }
+    scrollIntoView(item);
+    wait(50);
+    return true;
+}
+
 bool ScreenDriver::click(const QString& objectName) {
     QQuickItem* item = find(objectName);
     if (item == nullptr) {

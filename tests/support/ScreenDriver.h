@@ -38,6 +38,8 @@ public:
     QQuickWindow& window() const { return *mWindow; }
     /// The visible item with this objectName, or nullptr.
     QQuickItem* find(const QString& objectName) const;
+    /// Scrolls the item into view, as a user would; false when it is not there or not visible.
+    bool reveal(const QString& objectName);
     /// Clicks the middle of the item; false when it is not there or not visible.
     bool click(const QString& objectName);
     /// Gives the item (a QuantityInput or text field) focus, selects its text, types `text`

@@ -117,6 +117,10 @@ void PumpLink::handleMessage(const QByteArray& received) {
     mFrameLog.log(now, FrameLog::Direction::In, encode(message), message, note);
     for (int i = 0; i < copies; ++i) {
         emit frameReceived();
+        if (mMessageHandler) {
+            mMessageHandler(message);
+            continue;
+        }
         const msg::Status status =
             mProtocol.ReceiveBytes(reinterpret_cast<const std::uint8_t*>(message.constData()),
                                    static_cast<std::int32_t>(message.size()));
@@ -181,6 +185,18 @@ bool PumpLink::PayloadOut(const std::uint8_t* data, std::size_t length) {
         break;
     }
     return true;
+}
+
+void PumpLink::sendMalformedFrame() {
+    if (isQuiet()) {
+        return;
+    }
+    // A COBS code byte that promises four more bytes where only two follow.
+    const QByteArray frame = QByteArray::fromHex("05112201"
+                                                 "00");
+    mFrameLog.log(mClock.ElapsedMilliseconds(), FrameLog::Direction::Out, frame, {},
+                  QStringLiteral("malformed on purpose"));
+    queueFrame(frame);
 }
 
 void PumpLink::queueFrame(const QByteArray& frame) {

@@ -15,6 +15,7 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 
 namespace simulator {
 
@@ -50,6 +51,14 @@ public:
     bool isStalled() const;
 
     bool PayloadOut(const std::uint8_t* data, std::size_t length) override;
+    /// Sends a frame that does not decode (a damaged frame, as a noisy line delivers one).
+    void sendMalformedFrame();
+
+    /// Messages from the application go to `handler` instead of the message layer (a replayed
+    /// recording answers them); after the fault injection, as any received message.
+    void setMessageHandler(std::function<void(const QByteArray& message)> handler) {
+        mMessageHandler = std::move(handler);
+    }
 
 signals:
     /// A frame from the application arrived and is about to be handled.
@@ -83,6 +92,7 @@ private:
     std::deque<std::pair<qint64, QByteArray>> mDelayed;
     qint64 mQuietUntil = -1;
     Counters mCounters;
+    std::function<void(const QByteArray& message)> mMessageHandler;
 };
 
 } // namespace simulator

@@ -43,6 +43,7 @@ PumpModel::PumpModel(const SimulatorOptions& options, SimulatorClock& clock, QOb
     , mMeasurementNoise(seedOf(options.seed, kMeasurementSalt))
     , mFilterNoise(seedOf(options.seed, kFilterSalt)) {
     mSettings.headType = options.headType;
+    mSettings.controlInput = options.controlInput;
     mTemperature = kAmbientC + kHeatingCPerW * kIdlePowerW; // settled at idle
     restart();
 }

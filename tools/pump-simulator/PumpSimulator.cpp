@@ -83,6 +83,19 @@ bool PumpSimulator::start(QString& portName, QString& error) {
     if (!mFrameLog.open(mOptions.frameLogPath, error)) {
         return false;
     }
+    if (!mOptions.replayPath.isEmpty()) {
+        auto script = ReplayScript::load(mOptions.replayPath, error);
+        if (!script) {
+            error = QStringLiteral("--replay: %1").arg(error);
+            return false;
+        }
+        qInfo("Replaying %s: %d answers to %d kinds of request, %d recorded sessions",
+              qPrintable(mOptions.replayPath), script->answerCount(), script->requestKinds(),
+              static_cast<int>(script->sessions().size()));
+        mReplay = std::make_unique<ReplayPump>(std::move(*script), mLink);
+        mLink.setMessageHandler(
+            [this](const QByteArray& message) { mReplay->handleMessage(message); });
+    }
     const bool opened = mOptions.usePty ? mLine.openPty(portName, error)
                                         : mLine.openDevice(mOptions.devicePath, error);
     if (!opened) {

@@ -3,6 +3,7 @@
 #include "FrameLog.h"
 #include "PumpLink.h"
 #include "PumpModel.h"
+#include "ReplayPump.h"
 #include "SerialLine.h"
 #include "SimulatorClock.h"
 #include "SimulatorOptions.h"
@@ -37,8 +38,9 @@ public:
     explicit PumpSimulator(const SimulatorOptions& options, QObject* parent = nullptr);
     ~PumpSimulator() override;
 
-    /// Opens the frame log and the line. For a pseudo-terminal `portName` is the slave path the
-    /// application opens; for a device it is the device path.
+    /// Opens the frame log, reads the recording to replay (if any) and opens the line. For a
+    /// pseudo-terminal `portName` is the slave path the application opens; for a device it is
+    /// the device path.
     bool start(QString& portName, QString& error);
     /// Closes the line, as a pulled cable would.
     void unplug();
@@ -75,6 +77,7 @@ private:
     UpdateScheduler mScheduler;
     std::vector<std::unique_ptr<SimObject>> mObjects;
     FirmwareUpdateSimObject* mFirmwareUpdate = nullptr;
+    std::unique_ptr<ReplayPump> mReplay; // --replay: answers in place of the objects
 
     QTimer mTickTimer;
     QElapsedTimer mTickClock;

@@ -115,18 +115,28 @@ struct Definitions {
                                 QStringLiteral("Log every frame in both directions, in hex and "
                                                "decoded, to FILE (- for standard error)."),
                                 QStringLiteral("FILE")};
+    QCommandLineOption controlInput{
+        QStringLiteral("control-input"),
+        QStringLiteral("Control input at power-on: none, enable, voltage, current, frequency, "
+                       "application or network (default application)."),
+        QStringLiteral("KIND")};
+    QCommandLineOption replay{QStringLiteral("replay"),
+                              QStringLiteral("Play back the pump's side of the session recording "
+                                             "FILE instead of simulating a pump."),
+                              QStringLiteral("FILE")};
     QCommandLineOption noConsole{QStringLiteral("no-console"),
                                  QStringLiteral("Do not read console commands from standard "
                                                 "input.")};
 
     void addTo(QCommandLineParser& parser) const {
-        parser.addOptions({help,          pty,          device,   variant,          motor,
-                           deviceType,    motorType,    head,     serial,           partNumber,
-                           description,   firmware,     protocol, maxSubscriptions, clampSpeeds,
-                           latency,       dropIn,       dropOut,  corruptIn,        corruptOut,
-                           duplicateIn,   duplicateOut, stall,    stallInterval,    pace,
-                           unplug,        seed,         frameLog, noConsole,        firmwareFault,
-                           firmwareResets});
+        parser.addOptions(
+            {help,           pty,          device,      variant,          motor,
+             deviceType,     motorType,    head,        serial,           partNumber,
+             description,    firmware,     protocol,    maxSubscriptions, clampSpeeds,
+             latency,        dropIn,       dropOut,     corruptIn,        corruptOut,
+             duplicateIn,    duplicateOut, stall,       stallInterval,    pace,
+             unplug,         seed,         frameLog,    noConsole,        firmwareFault,
+             firmwareResets, replay,       controlInput});
     }
 };
 
@@ -356,8 +366,21 @@ std::optional<SimulatorOptions> SimulatorOptions::parse(const QStringList& argum
         }
         options.firmwareFault = match->fault;
     }
+    if (parser.isSet(d.controlInput)) {
+        // In the pump's numbering of its control inputs.
+        const QStringList inputs{QStringLiteral("none"),      QStringLiteral("enable"),
+                                 QStringLiteral("voltage"),   QStringLiteral("current"),
+                                 QStringLiteral("frequency"), QStringLiteral("application"),
+                                 QStringLiteral("network")};
+        const auto index = inputs.indexOf(parser.value(d.controlInput));
+        if (index < 0) {
+            return fail(d.controlInput.names().first(), parser.value(d.controlInput));
+        }
+        options.controlInput = static_cast<std::uint8_t>(index);
+    }
     options.firmwareResetsSettings = parser.isSet(d.firmwareResets);
     options.frameLogPath = parser.value(d.frameLog);
+    options.replayPath = parser.value(d.replay);
     return options;
 }
 

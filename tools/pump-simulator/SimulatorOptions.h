@@ -37,6 +37,8 @@ struct SimulatorOptions {
     int deviceType = -1; // derived from variant and motor unless given
     int motorType = -1;  // derived from motor unless given
     std::uint8_t headType = 0;
+    /// How the pump is controlled at power-on (default 5, application).
+    std::uint8_t controlInput = 5;
     QString serialNumber = QStringLiteral("SIM-000001");
     QString partNumber = QStringLiteral("BWD-100-SIM");
     QString productDescription = QStringLiteral("Simulated peristaltic pump drive");
@@ -60,6 +62,8 @@ struct SimulatorOptions {
     /// changes the layout of the pump's non-volatile memory.
     bool firmwareResetsSettings = false;
     QString frameLogPath; // "-" = standard error
+    /// A session recording whose pump side is played back instead of the simulated pump.
+    QString replayPath;
     bool console = true;
 
     std::uint8_t effectiveDeviceType() const;

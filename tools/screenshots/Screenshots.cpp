@@ -71,6 +71,27 @@ int main(int argc, char* argv[]) {
     app.simulator(QStringLiteral("cover close"));
     ScreenDriver::wait(1000);
 
+    // The speed plot while the pump speeds up, and the filter plot of the voltage input.
+    app.type(QStringLiteral("applicationSpeedInput"), QStringLiteral("150"));
+    ScreenDriver::wait(6000);
+    app.reveal(QStringLiteral("speedPlotBox"));
+    shot(QStringLiteral("control-speed-plot"));
+    app.click(QStringLiteral("controlInputChooser"));
+    ScreenDriver::wait(300);
+    app.click(QStringLiteral("option_Voltage"));
+    ScreenDriver::wait(1000);
+    app.simulator(QStringLiteral("input voltage 4000"));
+    ScreenDriver::wait(2500);
+    app.simulator(QStringLiteral("input voltage 7000"));
+    ScreenDriver::wait(2500);
+    app.reveal(QStringLiteral("voltageFilterPlot"));
+    shot(QStringLiteral("control-filter-plot"));
+
+    app.click(QStringLiteral("linkHealthStrip"));
+    ScreenDriver::wait(500);
+    shot(QStringLiteral("link-health"));
+    app.click(QStringLiteral("overlayCancel"));
+
     app.click(QStringLiteral("testFaultsButton"));
     app.click(QStringLiteral("overlayConfirm"));
     ScreenDriver::wait(500);

@@ -1,6 +1,7 @@
 #include "ControllerRegistry.h"
 
 #include "FirmwareUpdateController.h"
+#include "LinkStatsController.h"
 #include "PumpAnalogFilterController.h"
 #include "PumpApplicationSpeedController.h"
 #include "PumpDetailsController.h"
@@ -42,7 +43,8 @@ ControllerRegistry::ControllerRegistry(ProtocolComms& comms, PumpValues& values,
                                                *mFrequencyResolution, this))
     , mSettings(new PumpSettingsController(values, this))
     , mFirmwareUpdate(new firmwareUpdate::FirmwareUpdateController(
-          zipReader, comms.protocolObjects(), values, *mSession, *mDetails, this)) {
+          zipReader, comms.protocolObjects(), values, *mSession, *mDetails, this))
+    , mLinkStats(new LinkStatsController(comms, this)) {
     PumpAnalogFilterController::publish(mAnalogFilter);
     PumpApplicationSpeedController::publish(mApplicationSpeed);
     PumpDetailsController::publish(mDetails);
@@ -52,6 +54,7 @@ ControllerRegistry::ControllerRegistry(ProtocolComms& comms, PumpValues& values,
     PumpSettingsController::publish(mSettings);
     PumpValuesController::publish(mValues);
     PumpSpeedRangeController::publish(mSpeedRange);
+    LinkStatsController::publish(mLinkStats);
     connect(&application, &QCoreApplication::aboutToQuit, this, &QObject::deleteLater);
 }
 

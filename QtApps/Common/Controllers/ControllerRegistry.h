@@ -21,6 +21,7 @@ class SpeedResolutionFrequency;
 
 namespace communication {
 
+class LinkStatsController;
 class ProtocolComms;
 class PumpAnalogFilterController;
 class PumpApplicationSpeedController;
@@ -65,6 +66,7 @@ public:
     firmwareUpdate::FirmwareUpdateController& firmwareUpdateController() const {
         return *mFirmwareUpdate;
     }
+    LinkStatsController& linkStatsController() const { return *mLinkStats; }
 
 private:
     wrappers::SystemWrapper mClock;
@@ -81,6 +83,7 @@ private:
     PumpSpeedRangeController* mSpeedRange;
     PumpSettingsController* mSettings;
     firmwareUpdate::FirmwareUpdateController* mFirmwareUpdate;
+    LinkStatsController* mLinkStats;
 };
 
 } // namespace communication

@@ -1,6 +1,7 @@
 #include "ApplicationCore.h"
 
 #include "QtApps/Common/Controllers/ControllerRegistry.h"
+#include "QtApps/Common/Controllers/LinkStatsController.h"
 #include "QtApps/Common/Core/Communication/ProtocolComms.h"
 #include "QtApps/Common/Logger/LoggerInstantiation.h"
 #include "QtApps/Common/Model/FirmwareUpdate/MiniZipReader.h"
@@ -17,7 +18,7 @@ constexpr unsigned long kCommsThreadExitWaitMs = 2000;
 } // namespace
 
 ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringList& portNames,
-                                 logger::ConsoleEcho consoleEcho)
+                                 logger::ConsoleEcho consoleEcho, const QString& recordPath)
     : mComms(new communication::ProtocolComms(*this))
     , mValues(new communication::PumpValues(*mComms))
     , mZipReader(new common::MiniZipReader(mComms))
@@ -25,6 +26,8 @@ ApplicationCore::ApplicationCore(QCoreApplication& application, const QStringLis
                                                          application))
     , mModels(new models::ModelRegistry(*mValues, *mControllers, application))
     , mLogger(new logger::LoggerInstantiation(QCoreApplication::applicationName(), consoleEcho)) {
+    // Queued to the comms object: it starts once the link runs on its thread.
+    mControllers->linkStatsController().startRecordingAtStartUp(recordPath);
     mCommsThread.setObjectName(QStringLiteral("ProtocolCommsThread"));
     mComms->moveToThread(&mCommsThread);
     mCommsThread.start(QThread::InheritPriority);

@@ -39,9 +39,11 @@ namespace common {
 class ApplicationCore final : public communication::ProtocolRequestLogWrapper {
 public:
     /// `portNames`: the ports the session scans (empty: every port the platform lists).
-    /// `consoleEcho`: where log lines may appear besides the log file.
+    /// `consoleEcho`: where log lines may appear besides the log file. `recordPath`: a file to
+    /// record the session into; empty to follow the recording setting.
     ApplicationCore(QCoreApplication& application, const QStringList& portNames,
-                    logger::ConsoleEcho consoleEcho = logger::ConsoleEcho::AsConfigured);
+                    logger::ConsoleEcho consoleEcho = logger::ConsoleEcho::AsConfigured,
+                    const QString& recordPath = QString());
     ~ApplicationCore() override;
     ApplicationCore(const ApplicationCore&) = delete;
     ApplicationCore& operator=(const ApplicationCore&) = delete;

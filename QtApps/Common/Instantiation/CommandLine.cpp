@@ -18,7 +18,7 @@ QStringList PortsFromVariable(const QString& value) {
     return ports;
 }
 
-QStringList PortsFromCommandLine(const QCoreApplication& application) {
+CommandLineOptions ParseCommandLine(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QCoreApplication::translate("main", "Configures and services a peristaltic pump drive."));
@@ -31,9 +31,18 @@ QStringList PortsFromCommandLine(const QCoreApplication& application) {
             .arg(QString::fromLatin1(kPortsVariable)),
         QStringLiteral("NAME"));
     parser.addOption(port);
+    const QCommandLineOption record(
+        QStringLiteral("record"),
+        QCoreApplication::translate("main",
+                                    "Record every frame of the session into FILE, for support."),
+        QStringLiteral("FILE"));
+    parser.addOption(record);
     parser.process(application);
 
-    return ChosenPorts(parser.values(port));
+    CommandLineOptions options;
+    options.portNames = ChosenPorts(parser.values(port));
+    options.recordPath = parser.value(record);
+    return options;
 }
 
 QStringList ChosenPorts(const QStringList& named) {

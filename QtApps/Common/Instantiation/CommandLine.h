@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QStringList>
 
 class QCoreApplication;
@@ -10,10 +11,18 @@ namespace common {
 /// separator (":" on Unix, ";" on Windows).
 inline constexpr const char* kPortsVariable = "BRACKWATER_LINK_PORTS";
 
-/// The serial ports the session scans, in order: every `--port NAME` given, else those of
-/// BRACKWATER_LINK_PORTS, else none (meaning every port the platform lists). `--help` and
-/// `--version` print and exit as in any Qt command-line program.
-QStringList PortsFromCommandLine(const QCoreApplication& application);
+/// What the command line chooses.
+struct CommandLineOptions {
+    /// The serial ports the session scans, in order: every `--port NAME` given, else those of
+    /// BRACKWATER_LINK_PORTS, else none (meaning every port the platform lists).
+    QStringList portNames;
+    /// `--record FILE`: record this run's session into FILE; empty for none.
+    QString recordPath;
+};
+
+/// Reads the options. `--help` and `--version` print and exit as in any Qt command-line
+/// program.
+CommandLineOptions ParseCommandLine(const QCoreApplication& application);
 
 /// Splits the variable's value; empty names are dropped.
 QStringList PortsFromVariable(const QString& value);

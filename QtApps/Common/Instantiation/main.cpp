@@ -42,7 +42,7 @@ int main(int argc, char* argv[]) {
     if (AsksOnlyForInformation(argc, argv)) {
         QCoreApplication information(argc, argv);
         SetIdentity();
-        common::PortsFromCommandLine(information); // prints and exits
+        common::ParseCommandLine(information); // prints and exits
         return EXIT_SUCCESS;
     }
 
@@ -54,7 +54,7 @@ int main(int argc, char* argv[]) {
             .arg(QApplication::applicationName(), QApplication::applicationVersion()));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/Brackwater.ico")));
 
-    const QStringList portNames = common::PortsFromCommandLine(application);
+    const common::CommandLineOptions options = common::ParseCommandLine(application);
     logger::ConfigureDefaults();
     logger::InstallQtMessageHandler();
 
@@ -62,7 +62,8 @@ int main(int argc, char* argv[]) {
     translations.InstallTranslators();
 
     communication::objects::registerProtocolObjectMetaTypes();
-    common::ApplicationCore core(application, portNames);
+    common::ApplicationCore core(application, options.portNames, logger::ConsoleEcho::AsConfigured,
+                                 options.recordPath);
 
     QQmlApplicationEngine engine;
     const QUrl mainUrl(QString::fromLatin1(kMainQml));

@@ -9,6 +9,7 @@ import cpp.PumpDetailsController
 import cpp.PumpSettingsController
 import cpp.PumpSpeedRangeController
 import cpp.PumpValuesController
+import contents
 
 // The control tab: how the pump's speed is commanded, and the settings of that way. Only this
 // file binds the controllers; the panels take what they show as properties. A mode's panel
@@ -77,6 +78,15 @@ ScrollView {
                 default: return noInput
                 }
             }
+        }
+
+        SpeedPlot {
+            objectName: "speedPlotBox"
+            Layout.fillWidth: true
+            controlInput: PumpSettingsController.pumpControlInput
+            valuesSource: PumpValuesController
+            applicationSpeedSource: PumpApplicationSpeedController
+            speedRangeSource: PumpSpeedRangeController
         }
 
         Box {
@@ -166,6 +176,14 @@ ScrollView {
                 outputWanderDrpm: PumpAnalogFilterController.currentOutputVarianceDrpm
                 onNumSamplesRequested: count => PumpAnalogFilterController.setCurrentNumSamples(count)
             }
+            FilterPlot {
+                objectName: "currentFilterPlot"
+                Layout.fillWidth: true
+                filterSource: PumpAnalogFilterController
+                input: "current"
+                inputUnit: qsTr("mA")
+                inputScale: 0.001
+            }
         }
     }
     Component {
@@ -202,6 +220,14 @@ ScrollView {
                 inputWanderDrpm: PumpAnalogFilterController.voltageInputVarianceDrpm
                 outputWanderDrpm: PumpAnalogFilterController.voltageOutputVarianceDrpm
                 onNumSamplesRequested: count => PumpAnalogFilterController.setVoltageNumSamples(count)
+            }
+            FilterPlot {
+                objectName: "voltageFilterPlot"
+                Layout.fillWidth: true
+                filterSource: PumpAnalogFilterController
+                input: "voltage"
+                inputUnit: qsTr("V")
+                inputScale: 0.001
             }
         }
     }

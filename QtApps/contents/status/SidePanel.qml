@@ -3,6 +3,7 @@ import QtQuick.Layouts
 import BwConstants
 import BwControls
 import BwLib
+import cpp.LinkStatsController
 import cpp.PumpFaultsSortFilterProxyModel
 import cpp.PumpValuesController
 import contents
@@ -113,6 +114,21 @@ Rectangle {
 
         Item {
             Layout.fillHeight: true
+        }
+
+        LinkHealthStrip {
+            objectName: "linkHealthStrip"
+            Layout.fillWidth: true
+            collapsed: !panel.open
+            health: LinkStatsController.health
+            portName: LinkStatsController.portName
+            pingMs: LinkStatsController.pingLastMs
+            problemsPerMinute: LinkStatsController.lineProblemsPerMinute
+            recording: LinkStatsController.recording
+            onClicked: linkHealth.open()
+        }
+        LinkHealthOverlay {
+            id: linkHealth
         }
 
         Button {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LinkStatsSnapshot.h"
+
 #include "Common/Protocol/MessageTypes.h"
 #include "Common/Protocol/SemanticVersion.h"
 
@@ -12,11 +14,12 @@ Q_DECLARE_METATYPE(halyard::protocol::message::Status)
 
 namespace communication {
 
-/// Registers the types above by name as well; called once at start-up (and by tests) before any
-/// cross-thread connection carries them.
+/// Registers the types above, and the link's figures, by name as well; called once at start-up
+/// (and by tests) before any cross-thread connection carries them.
 inline void RegisterMetaTypes() {
     qRegisterMetaType<halyard::SemanticVersion>("halyard::SemanticVersion");
     qRegisterMetaType<halyard::protocol::message::Status>("halyard::protocol::message::Status");
+    qRegisterMetaType<communication::LinkStatsSnapshot>("communication::LinkStatsSnapshot");
 }
 
 } // namespace communication

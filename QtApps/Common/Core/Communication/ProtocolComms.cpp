@@ -23,15 +23,20 @@ ProtocolComms::ProtocolComms(ProtocolRequestLogWrapper& requestLog, QObject* par
     , mTransport(mReceiveRing.data(), mReceiveRing.size(), mDecodeScratch.data(),
                  mDecodeScratch.size())
     , mTransmit(new ProtocolTransmit(mTransport, *mSerial, this))
+    , mTap(*mTransmit, mProtocol, mClock)
     , mObjects(new ProtocolObjectContainer(mProtocol, this))
+    , mMonitor(new LinkMonitor(mTap.counters(), mRecorder, *mSerial, this))
     , mTimeoutScan(new QTimer(this)) {
-    mProtocol.SetPayloadOutHandler(mTransmit);
+    mProtocol.SetPayloadOutHandler(&mTap);
     // The pump never sends a leading delimiter: this one opens the very first frame.
     const std::uint8_t delimiter = 0x00;
     mTransport.DataIn(&delimiter, 1);
 
     connect(mTransmit, &ProtocolTransmit::protocolTransmitError, this,
-            [](const QString& error) { BWL_LOG_WARN("protocolTransmitError", error); });
+            [this](const QString& error) {
+                mTap.counters().TransportFailed(TransportError::TransmitFailed);
+                BWL_LOG_WARN("protocolTransmitError", error);
+            });
 }
 
 ProtocolComms::~ProtocolComms() {
@@ -40,6 +45,26 @@ ProtocolComms::~ProtocolComms() {
         mSerial->waitForBytesWritten(kLastWriteWaitMs);
     }
     closePort();
+    // The monitor listens to the port, a child that outlives the members it counts into.
+    delete mMonitor;
+    mTap.SetObserver(nullptr);
+    mRecorder.stop();
+}
+
+bool ProtocolComms::startRecording(const QString& path) {
+    mTap.SetObserver(nullptr);
+    const bool started = mRecorder.start(path, isPortOpen() ? portName() : QString());
+    if (started) {
+        mTap.SetObserver(&mRecorder);
+    }
+    mMonitor->publish();
+    return started;
+}
+
+void ProtocolComms::stopRecording() {
+    mTap.SetObserver(nullptr);
+    mRecorder.stop();
+    mMonitor->publish();
 }
 
 bool ProtocolComms::openPort(const QString& portName) {
@@ -51,6 +76,9 @@ bool ProtocolComms::openPort(const QString& portName) {
         return false;
     }
     mPortErrorReported = false;
+    if (mRecorder.isRecording()) {
+        mRecorder.portOpened(portName);
+    }
     connect(mSerial, &QSerialPort::readyRead, this, &ProtocolComms::onReadyRead,
             Qt::UniqueConnection);
     connect(mSerial, &QSerialPort::errorOccurred, this, &ProtocolComms::onPortError,
@@ -69,6 +97,9 @@ void ProtocolComms::closePort() {
     disconnect(mSerial, &QSerialPort::errorOccurred, this, &ProtocolComms::onPortError);
     disconnect(mTimeoutScan, &QTimer::timeout, this, &ProtocolComms::checkTimeouts);
     mTimeoutScan->stop();
+    if (mSerial->isOpen() && mRecorder.isRecording()) {
+        mRecorder.portClosed();
+    }
     mSerial->closePort();
 }
 
@@ -76,8 +107,9 @@ void ProtocolComms::clearRequestLog() {
     mProtocol.ClearRequestLog();
 }
 
+// Through the tap, which counts each time-out before the message layer hands it on.
 void ProtocolComms::checkTimeouts() {
-    mRequestLog.CheckTimeouts(mProtocol);
+    mRequestLog.CheckTimeouts(mTap);
 }
 
 void ProtocolComms::onReadyRead() {
@@ -85,6 +117,7 @@ void ProtocolComms::onReadyRead() {
     if (bytes.isEmpty()) {
         return;
     }
+    mTap.BytesReceived(static_cast<std::size_t>(bytes.size()));
     bool firstFrame = true;
     halyard::protocol::ReceiveStream(
         mTransport, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
@@ -96,7 +129,9 @@ void ProtocolComms::onReadyRead() {
                 emit transportError(QStringLiteral("Receive transport error"));
             }
             firstFrame = false;
+            mTap.FrameReceived(mFrameBuffer.data(), length);
             const Status status = mProtocol.ReceiveBytes(mFrameBuffer.data(), length);
+            mTap.FrameHandled(length, status);
             if (status != Status::Success) {
                 emit protocolError(status);
             }
@@ -111,6 +146,7 @@ void ProtocolComms::onPortError(QSerialPort::SerialPortError error) {
     if (error == QSerialPort::NoError) {
         return;
     }
+    mTap.counters().TransportFailed(TransportError::PortError);
     if (!mPortErrorReported) {
         mPortErrorReported = true;
         BWL_LOG_WARN("onPortError", QStringLiteral("Serial port %1 error %2: %3")

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "LinkMonitor.h"
+#include "LinkTap.h"
 #include "ProtocolCommsInterface.h"
 #include "ProtocolObjectContainer.h"
 #include "ProtocolRequestLogWrapper.h"
 #include "ProtocolTransmit.h"
 #include "QtSerialWrapper.h"
+#include "SessionRecorder.h"
+#include "SystemWrapper.h"
 
 #include "Common/Protocol/CobsTransport.h"
 #include "Common/Protocol/Protocol.h"
@@ -20,6 +24,9 @@ namespace communication {
 /// request-log time-out scan and the protocol object proxies. Built on the main thread and then
 /// moved, with every child and timer, to "ProtocolCommsThread"; from then on it is used only on
 /// that thread (queued calls from elsewhere).
+///
+/// Every frame passes a LinkTap on its way, which counts it for the link health (published once
+/// a second by the link monitor) and, while a session recording runs, hands it to the recorder.
 class ProtocolComms final : public ProtocolCommsInterface {
     Q_OBJECT
 
@@ -40,6 +47,16 @@ public:
     QString portName() const { return mSerial->portName(); }
     ProtocolTransmit& transmit() { return *mTransmit; }
 
+    /// Records every frame from now on into `path` (see SessionRecorder), ending a running
+    /// recording first. False when the file cannot be written (the reason is logged and in
+    /// recorder().lastError()). One call switches recording on, for any program that builds a
+    /// link; make it on the link's thread.
+    bool startRecording(const QString& path);
+    void stopRecording();
+    const SessionRecorder& recorder() const { return mRecorder; }
+    /// The link health's once-a-second figures (its statsUpdated signal).
+    LinkMonitor& linkMonitor() { return *mMonitor; }
+
 private slots:
     void checkTimeouts();
     void onReadyRead();
@@ -57,7 +74,11 @@ private:
     halyard::protocol::Protocol mProtocol;
     halyard::protocol::CobsTransport mTransport;
     ProtocolTransmit* mTransmit;
+    wrappers::SystemWrapper mClock;
+    LinkTap mTap;
+    SessionRecorder mRecorder;
     ProtocolObjectContainer* mObjects;
+    LinkMonitor* mMonitor;
     QTimer* mTimeoutScan;
     bool mPortErrorReported = false;
 };
