@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The whole test suite, from a fresh Debian 12 machine: installs dependencies, builds with
-# warnings as errors, lints (clang-format, clang-tidy, qmllint), runs every test, runs the Qt-free tests again under address and
+# warnings as errors, lints (clang-format, clang-tidy, qmllint), runs every test, makes the Debian
+# package and checks it from its installed paths, runs the Qt-free tests again under address and
 # undefined-behaviour sanitizers, then runs each fuzz target for a bounded time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -27,6 +28,10 @@ bash tools/lint.sh build/default
 
 section "tests"
 ctest --preset default -j "$JOBS" --timeout 300
+
+section "package"
+bash tools/package.sh
+bash tools/check-package.sh
 
 section "protocol library under address and undefined-behaviour sanitizers"
 cmake --preset sanitize
