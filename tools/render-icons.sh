@@ -2,7 +2,7 @@
 # Renders the application icon (packaging/icons/brackwater-link.svg) to the PNG sizes the
 # desktop's icon theme uses and to the Windows icon the window and the executable carry. The
 # results are committed, so a build needs neither tool; run this after changing the drawing.
-# Needs rsvg-convert (librsvg2-bin) and ImageMagick.
+# Needs rsvg-convert (apt-get install librsvg2-bin) and ImageMagick.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
