@@ -20,6 +20,8 @@ packages=(
   liblog4cxx-dev libminizip-dev zlib1g-dev
   # tests, benchmarks, headless runs
   libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth x11-apps imagemagick socat procps
+  # the Debian package's check
+  lintian
 )
 
 missing=()

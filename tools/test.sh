@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # The whole test suite, from a fresh Debian 12 machine: installs dependencies, builds with
-# warnings as errors, lints (clang-format, clang-tidy, qmllint), runs every test, builds everything
-# again with clang under the address and undefined-behaviour sanitizers and runs every test there
-# too, then runs each fuzz target (from that build) for a bounded time.
+# warnings as errors, lints (clang-format, clang-tidy, qmllint), runs every test, makes the Debian
+# package and checks it from its installed paths, builds everything again with clang under the
+# address and undefined-behaviour sanitizers and runs every test there too, then runs each fuzz
+# target (from that build) for a bounded time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -28,6 +29,10 @@ bash tools/lint.sh build/default
 
 section "tests"
 ctest --preset default -j "$JOBS" --timeout 300
+
+section "package"
+bash tools/package.sh
+bash tools/check-package.sh
 
 section "everything under address and undefined-behaviour sanitizers"
 cmake --preset sanitize-all

@@ -1,10 +1,13 @@
 import QtQuick
 import QtQuick.Controls
 import BwConstants
+import BwLib
+import cpp.PumpSessionController
 
 // Shown while no pump answers: the logo, a plug and a socket moving towards each other, and
 // "CONNECTING" blinking. The animations run only while the page is on top, so a covered page
-// costs no frames.
+// costs no frames. Below, when a port cannot be opened, why and what fixes it: a technician on a
+// fresh Linux laptop usually may not use serial ports yet, and would otherwise wait forever.
 Rectangle {
     id: page
 
@@ -72,5 +75,16 @@ Rectangle {
             NumberAnimation { target: connectingText; property: "opacity"; from: 1; to: 0; duration: page.duration / 2 }
             PauseAnimation { duration: page.duration * 2 }
         }
+    }
+
+    InstructionNote {
+        objectName: "portProblemNote"
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: connectingText.bottom
+        anchors.topMargin: BwSpacing.xl
+        width: Math.min(parent.width - 2 * BwSpacing.large, BwSpacing.dialogWidth)
+        kind: "warning"
+        text: PumpSessionController.portProblem
+        visible: text !== ""
     }
 }

@@ -5,10 +5,12 @@
 #include "QtApps/Common/Controllers/PumpApplicationSpeedController.h"
 #include "QtApps/Common/Controllers/PumpDetailsController.h"
 #include "QtApps/Common/Controllers/PumpNetworkController.h"
+#include "QtApps/Common/Controllers/PumpSessionController.h"
 #include "QtApps/Common/Controllers/PumpSettingsController.h"
 #include "QtApps/Common/Controllers/PumpSpeedRangeController.h"
 #include "QtApps/Common/Controllers/PumpValuesController.h"
 #include "QtApps/Common/Controllers/TimeWindow.h"
+#include "QtApps/Common/Core/Communication/PortOpenFailure.h"
 #include "QtApps/Common/Model/PumpValues/SpeedRanges/SpeedResolutionCurrent.h"
 #include "QtApps/Common/Model/PumpValues/SpeedRanges/SpeedResolutionFrequency.h"
 #include "QtApps/Common/Model/PumpValues/SpeedRanges/SpeedResolutionVoltage.h"
@@ -54,6 +56,7 @@ private slots:
     void values_subscribeWaitsForTheDetailsAndSendsEachOnce();
     void values_networkPumpNeverStreamsTheAnalogInputs();
     void details_areAskedForAtEachSessionAndForgottenAfter();
+    void session_portProblemReachesTheScreensQueued();
     void applicationSpeed_splitsAndJoinsTheDirection();
     void applicationSpeed_refusesFiguresTheFieldCannotHold();
     void speedRange_limitsNotifyOnChangeAndResolutionsFollowTheProfiles();
@@ -144,6 +147,24 @@ void ControllersTest::details_areAskedForAtEachSessionAndForgottenAfter() {
     QVERIFY(details.appVersion().isEmpty());
     QVERIFY(details.pumpSerial().isEmpty());
     QVERIFY(!details.pumpDetailsKnown());
+}
+
+// The session reports from the comms thread: the property changes only on the screens' turn.
+void ControllersTest::session_portProblemReachesTheScreensQueued() {
+    ControllerRig rig;
+    PumpSessionController controller(rig.session);
+    QSignalSpy changes(&controller, &PumpSessionController::portProblemChanged);
+    const QString reason =
+        PortOpenFailureText(PortOpenFailure::NoPermission, QStringLiteral("ttyUSB0"), {});
+
+    emit rig.session.portProblemChanged(reason);
+    QVERIFY(controller.portProblem().isEmpty());
+    QTRY_COMPARE(changes.count(), 1);
+    QCOMPARE(controller.portProblem(), reason);
+
+    emit rig.session.portProblemChanged(QString());
+    QTRY_COMPARE(changes.count(), 2);
+    QVERIFY(controller.portProblem().isEmpty());
 }
 
 void ControllersTest::applicationSpeed_splitsAndJoinsTheDirection() {

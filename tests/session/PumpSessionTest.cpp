@@ -4,9 +4,13 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/PumpLine.h"
 
+#include <QFile>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+#include <unistd.h>
 
 using communication::ProtocolComms;
 using communication::ProtocolRequestLogWrapper;
@@ -214,6 +218,46 @@ private slots:
         QTRY_VERIFY(mLog->contains("Protocol error InvalidMessage"));
         QTRY_COMPARE_WITH_TIMEOUT(requests(pump, Version), 2, 2000);
         QVERIFY(!mSession->isConnected());
+    }
+
+    // The port is a link that does not exist yet, as udev makes one when an adapter is plugged
+    // in: the reason is reported once however many rounds fail, and goes when the pump connects.
+    void portProblem_isReportedOnceAndGoesWhenThePortOpens() {
+        PumpLine pump;
+        PumpBehaviour behaviour;
+        pump.setResponder(behaviour.responder());
+        QTemporaryDir folder;
+        const QString link = folder.filePath(QStringLiteral("ttyPump"));
+        makeSession({link});
+        QSignalSpy failures(mComms.get(), &ProtocolComms::portOpenFailed);
+        QSignalSpy problems(mSession.get(), &PumpSession::portProblemChanged);
+        mSession->startScanning();
+        QTRY_COMPARE(failures.count(), 2);
+        QCOMPARE(problems.count(), 1);
+        QCOMPARE(problems.front().front().toString(),
+                 QStringLiteral("Cannot open %1: there is no such port. Is the pump plugged in?")
+                     .arg(link));
+        QVERIFY(mLog->contains(QStringLiteral("Cannot open %1").arg(link)));
+
+        QVERIFY(QFile::link(pump.portName(), link));
+        QTRY_VERIFY(mSession->isConnected());
+        QCOMPARE(problems.count(), 2);
+        QCOMPARE(problems.last().front().toString(), QString());
+    }
+
+    void portProblem_givesTheCommandForADeviceTheUserMayNotOpen() {
+        if (geteuid() == 0) {
+            QSKIP("root opens any device; ProtocolCommsTest covers how a refused open is sorted");
+        }
+        PumpLine pump;
+        QVERIFY(QFile::setPermissions(pump.portName(), QFileDevice::Permissions()));
+        makeSession({pump.portName()});
+        QSignalSpy problems(mSession.get(), &PumpSession::portProblemChanged);
+        mSession->startScanning();
+        QTRY_COMPARE(problems.count(), 1);
+        QVERIFY(problems.front().front().toString().contains(QStringLiteral("permission denied")));
+        QVERIFY(problems.front().front().toString().contains(
+            QStringLiteral("sudo usermod -aG dialout $USER")));
     }
 };
 

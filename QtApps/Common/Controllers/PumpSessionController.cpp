@@ -16,6 +16,8 @@ PumpSessionController::PumpSessionController(PumpSession& session, QObject* pare
             &PumpSessionController::pumpConnectionChanged, Qt::QueuedConnection);
     connect(&session, &PumpSession::pumpConnectionStatus, this,
             &PumpSessionController::pumpConnectionStatusChanged, Qt::QueuedConnection);
+    connect(&session, &PumpSession::portProblemChanged, this,
+            &PumpSessionController::sessionPortProblemChanged, Qt::QueuedConnection);
 }
 
 void PumpSessionController::pumpConnectionChanged(bool connected) {
@@ -26,6 +28,11 @@ void PumpSessionController::pumpConnectionChanged(bool connected) {
 void PumpSessionController::pumpConnectionStatusChanged(QString status) {
     mSessionStatus = std::move(status);
     emit sessionStatusChanged();
+}
+
+void PumpSessionController::sessionPortProblemChanged(QString problem) {
+    mPortProblem = std::move(problem);
+    emit portProblemChanged();
 }
 
 } // namespace communication

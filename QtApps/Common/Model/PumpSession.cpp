@@ -29,6 +29,11 @@ PumpSession::PumpSession(ProtocolCommsInterface& comms, QStringList portNames, Q
             &PumpSession::protocolErrorHandler);
     connect(&mComms, &ProtocolCommsInterface::transportError, this,
             &PumpSession::transportErrorHandler);
+    // Emitted from within openPort, on this thread.
+    connect(&mComms, &ProtocolCommsInterface::portOpenFailed, this,
+            [this](const QString& portName, const QString& reason) {
+                mPortProblems.failed(portName, reason);
+            });
     connect(&mKeepAliveTimer, &QTimer::timeout, this, &PumpSession::onKeepAliveTimer);
     connect(&mScanTimer, &QTimer::timeout, this, &PumpSession::CheckNextPort);
     connect(&mProbeTimer, &QTimer::timeout, this, &PumpSession::onProbeTimeout);
@@ -65,13 +70,20 @@ void PumpSession::CheckNextPort() {
         return;
     }
     const QStringList ports = PortsToTry();
+    mPortProblems.keepOnly(ports);
     if (ports.isEmpty()) {
+        ReportPortProblem();
         return;
     }
     const auto count = static_cast<quint32>(ports.size());
     const QString& port = ports.at(static_cast<qsizetype>(mPortIndex % count));
     ++mPortIndex;
-    if (!mComms.openPort(port)) {
+    const bool opened = mComms.openPort(port);
+    if (opened) {
+        mPortProblems.opened(port);
+    }
+    ReportPortProblem();
+    if (!opened) {
         return;
     }
     if (!mProtocolObject.RequestVersion()) {
@@ -109,6 +121,8 @@ void PumpSession::FinishProbe() {
     mVersionReceived = false;
     mConnected = true;
     mScanTimer.stop();
+    mPortProblems.clear();
+    ReportPortProblem();
     if (!mProtocolObject.RequestStartSession(kSessionStartValue)) {
         BWL_LOG_INFO("FinishProbe", QStringLiteral("connectPump, can't start session"));
         mComms.closePort();
@@ -207,6 +221,18 @@ void PumpSession::protocolObject_SessionStopped() {
 void PumpSession::ReportDisconnected() {
     emit pumpConnectionChanged(false);
     emit pumpConnectionStatus(kDisconnected);
+}
+
+void PumpSession::ReportPortProblem() {
+    QString problem = mPortProblems.text();
+    if (problem == mPortProblem) {
+        return;
+    }
+    if (!problem.isEmpty()) {
+        BWL_LOG_WARN("ReportPortProblem", problem);
+    }
+    mPortProblem = problem;
+    emit portProblemChanged(std::move(problem));
 }
 
 void PumpSession::DisconnectAndRescan() {

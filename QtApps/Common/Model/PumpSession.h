@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PortProblems.h"
+
 #include "QtApps/Common/Core/Communication/ProtocolCommsInterface.h"
 #include "QtApps/Common/Logger/Log.h"
 
@@ -46,6 +48,9 @@ signals:
     void pumpConnectionChanged(bool connected);
     void pumpConnectionStatus(QString status);
     void protocolVersionChanged(halyard::SemanticVersion protocolVersion);
+    /// Why the scanned ports cannot be opened, in plain words with what fixes it (see
+    /// PortProblems); empty once they open or a pump is connected.
+    void portProblemChanged(QString problem);
 
 public slots:
     void startScanning();
@@ -71,6 +76,7 @@ private:
     void FinishProbe();
     void DisconnectAndRescan();
     void ReportDisconnected();
+    void ReportPortProblem();
     /// Counts a time-out of one request: true while it should be sent again.
     bool RetryAfterTimeout(std::uint64_t& attempts, const logger::Site& site, const char* retryText,
                            const char* giveUpText);
@@ -92,6 +98,8 @@ private:
     std::uint64_t mStopAttempts = 0;
     std::uint64_t mKeepAliveMisses = 0;
     bool mConnected = false;
+    PortProblems mPortProblems;
+    QString mPortProblem;
 };
 
 } // namespace communication
