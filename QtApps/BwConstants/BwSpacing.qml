@@ -6,6 +6,9 @@ QtObject {
     /// Smallest window the screens are laid out for.
     readonly property int appMinWidth: 960
     readonly property int appMinHeight: 540
+    /// Height the side panel needs to show the logo below its buttons; a shorter panel leaves
+    /// the logo out rather than cut it.
+    readonly property int sidePanelLogoMinHeight: 640
     /// Pause before the connecting page appears, and the connected page's dwell.
     readonly property int connectingAnimationDuration: 800
     /// Fade of every start-up page change.

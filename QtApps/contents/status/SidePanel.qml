@@ -131,28 +131,40 @@ Rectangle {
             id: linkHealth
         }
 
-        Button {
-            objectName: "pumpInformationButton"
-            Layout.fillWidth: panel.open
-            Layout.alignment: Qt.AlignHCenter
-            kind: "flat"
-            text: panel.open ? qsTr("Pump information") : "i"
-            Accessible.name: qsTr("Pump information")
-            onClicked: panel.pumpInformationRequested()
-        }
-        Button {
-            objectName: "aboutButton"
-            Layout.fillWidth: panel.open
-            Layout.alignment: Qt.AlignHCenter
-            kind: "flat"
-            text: panel.open ? qsTr("About") : "?"
-            Accessible.name: qsTr("About")
-            onClicked: panel.aboutRequested()
+        // On a short panel the two buttons share a row, so that nothing is cut at the smallest
+        // window even with a fault listed.
+        GridLayout {
+            id: panelButtons
+            Layout.fillWidth: true
+            columns: panel.open && panel.height < BwSpacing.sidePanelLogoMinHeight ? 2 : 1
+            columnSpacing: BwSpacing.small
+            rowSpacing: BwSpacing.medium
+
+            Button {
+                objectName: "pumpInformationButton"
+                Layout.fillWidth: panel.open
+                Layout.alignment: Qt.AlignHCenter
+                kind: "flat"
+                text: !panel.open ? "i"
+                      : panelButtons.columns === 1 ? qsTr("Pump information") : qsTr("Pump info")
+                Accessible.name: qsTr("Pump information")
+                onClicked: panel.pumpInformationRequested()
+            }
+            Button {
+                objectName: "aboutButton"
+                // Beside the other button it takes only its text's width.
+                Layout.fillWidth: panel.open && panelButtons.columns === 1
+                Layout.alignment: Qt.AlignHCenter
+                kind: "flat"
+                text: panel.open ? qsTr("About") : "?"
+                Accessible.name: qsTr("About")
+                onClicked: panel.aboutRequested()
+            }
         }
 
         Logo {
             Layout.alignment: Qt.AlignHCenter
-            visible: panel.open
+            visible: panel.open && panel.height >= BwSpacing.sidePanelLogoMinHeight
         }
     }
 }
