@@ -9,61 +9,30 @@
 # Needs brackwater-link and pump-simulator built in <build-dir>/bin (Linux: reads /proc).
 set -euo pipefail
 
-build=${1:-build}
 window=${2:-60}
-app=$build/bin/brackwater-link
-simulator=$build/bin/pump-simulator
-for binary in "$app" "$simulator"; do
-  [ -x "$binary" ] || { echo "plots-cpu: $binary is not built" >&2; exit 2; }
-done
-
-work=$(mktemp -d)
-export XDG_RUNTIME_DIR=$work XDG_DATA_HOME=$work XDG_CONFIG_HOME=$work QT_QPA_PLATFORM=offscreen
-unset BRACKWATER_LINK_PORTS
-app_pid=""
-cleanup() {
-  [ -n "$app_pid" ] && kill "$app_pid" 2>/dev/null || true
-  [ -n "${SIM_PID:-}" ] && kill -INT "$SIM_PID" 2>/dev/null || true
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-coproc SIM { exec "$simulator" --pty --no-console --control-input voltage 2>"$work/simulator.log"; }
-read -r port <&"${SIM[0]}"
-
-log=$work/app.log
-"$app" --port "$port" 2>"$log" &
-app_pid=$!
-
-deadline=$(( $(date +%s) + 15 ))
-until grep -q "Main screen shown" "$log" 2>/dev/null; do
-  if [ "$(date +%s)" -gt "$deadline" ]; then
-    echo "plots-cpu: no main screen within 15 s" >&2
-    cat "$log" >&2
-    exit 1
-  fi
-  sleep 0.05
-done
+# shellcheck source=bench/app-bench.sh
+source "$(dirname "$0")/app-bench.sh"
+bench_setup plots-cpu "${1:-build}"
+bench_start_simulator --control-input voltage
+bench_start_app
+bench_wait_for "Main screen shown" 15000
 
 # The filter data subscribed and both plots filled before measuring.
 sleep 5
-ticks() { awk '{print $14 + $15}' "/proc/$app_pid/stat"; }
-rss_kb() { awk '/^VmRSS:/ {print $2}' "/proc/$app_pid/status"; }
 hz=$(getconf CLK_TCK)
-rss_start=$(rss_kb)
-before=$(ticks)
+rss_start=$(bench_rss_kb)
+before=$(bench_ticks)
 elapsed=0
 while [ "$elapsed" -lt "$window" ]; do
   step=$(( window - elapsed < 60 ? window - elapsed : 60 ))
   sleep "$step"
   elapsed=$(( elapsed + step ))
   if [ "$elapsed" -lt "$window" ]; then
-    echo "resident memory after $elapsed s: $(( $(rss_kb) / 1024 )) MiB"
+    echo "resident memory after $elapsed s: $(( $(bench_rss_kb) / 1024 )) MiB"
   fi
 done
-after=$(ticks)
-rss_end=$(rss_kb)
+after=$(bench_ticks)
+rss_end=$(bench_rss_kb)
 
 awk -v t=$((after - before)) -v hz="$hz" -v w="$window" \
   'BEGIN { printf "CPU, both plots streaming: %.2f %% of one core over %d s (target below 5 %%)\n", 100 * t / hz / w, w }'

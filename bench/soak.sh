@@ -9,56 +9,27 @@
 # Needs brackwater-link and pump-simulator built in <build-dir>/bin (Linux: reads /proc).
 set -euo pipefail
 
-build=${1:-build/default}
 minutes=${2:-60}
 drop=${3:-0.005}
-app=$build/bin/brackwater-link
-simulator=$build/bin/pump-simulator
-for binary in "$app" "$simulator"; do
-  [ -x "$binary" ] || { echo "soak: $binary is not built" >&2; exit 2; }
-done
-
-work=$(mktemp -d)
-export XDG_RUNTIME_DIR=$work XDG_DATA_HOME=$work XDG_CONFIG_HOME=$work QT_QPA_PLATFORM=offscreen
-unset BRACKWATER_LINK_PORTS
-app_pid=""
-cleanup() {
-  [ -n "$app_pid" ] && kill "$app_pid" 2>/dev/null || true
-  [ -n "${SIM_PID:-}" ] && kill -INT "$SIM_PID" 2>/dev/null || true
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-coproc SIM {
-  exec "$simulator" --pty --no-console --seed 1 --drop-in "$drop" --drop-out "$drop" \
-    2>"$work/simulator.log"
-}
-read -r port <&"${SIM[0]}"
-
-log=$work/app.log
-"$app" --port "$port" 2>"$log" &
-app_pid=$!
-for _ in $(seq 200); do
-  grep -q "Main screen shown" "$log" 2>/dev/null && break
-  sleep 0.05
-done
-grep -q "Main screen shown" "$log" || { echo "soak: no main screen within 10 s" >&2; exit 1; }
+# shellcheck source=bench/app-bench.sh
+source "$(dirname "$0")/app-bench.sh"
+bench_setup soak "${1:-build/default}"
+bench_start_simulator --seed 1 --drop-in "$drop" --drop-out "$drop"
+bench_start_app
+bench_wait_for "Main screen shown" 10000
 
 hz=$(getconf CLK_TCK)
-ticks() { awk '{print $14 + $15}' "/proc/$app_pid/stat"; }
-rss_kb() { awk '/^VmRSS:/ {print $2}' "/proc/$app_pid/status"; }
 count() { grep -c -- "$1" "$log" || true; }
 
 echo "soak: ${minutes} min, ${drop} of the frames dropped each way, port $port"
 printf '%6s %12s %8s %10s %8s %9s\n' minute "rss kB" "cpu %" reconnects retries timeouts
 first_minute_rss=""
 for minute in $(seq "$minutes"); do
-  before=$(ticks)
+  before=$(bench_ticks)
   sleep 60
   kill -0 "$app_pid" 2>/dev/null || { echo "soak: the application exited" >&2; exit 1; }
-  after=$(ticks)
-  rss=$(rss_kb)
+  after=$(bench_ticks)
+  rss=$(bench_rss_kb)
   [ -n "$first_minute_rss" ] || first_minute_rss=$rss
   sessions=$(count "protocolObject_SessionStarted -")
   awk -v m="$minute" -v r="$rss" -v t=$((after - before)) -v hz="$hz" \
