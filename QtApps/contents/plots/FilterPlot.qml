@@ -33,6 +33,9 @@ Box {
             // A row per sample of the stream: ten seconds of 30 ms samples, with room for jitter.
             capacity: 400
             sampleIntervalMs: 0
+            // Four redraws a second keep a settling signal readable for far less drawing than
+            // ten; the samples themselves are all kept.
+            refreshIntervalMs: 250
             windowSeconds: 10
             PlotChannel {
                 source: box.filterSource
