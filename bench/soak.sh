@@ -4,8 +4,9 @@
 # resident memory, the CPU of that minute, and the reconnects, retries and time-outs so far; at
 # the end the memory growth after the first minute and every log line at warning level or above
 # that a lost frame does not explain.
-# Usage: bench/soak.sh [build-dir] [minutes] [drop-rate]
+# Usage: bench/soak.sh [build-dir] [minutes] [drop-rate] [simulator options...]
 #   bench/soak.sh build/default 60 0.005
+#   bench/soak.sh build/default 60 0.005 --control-input voltage   (both live plots streaming)
 # Needs brackwater-link and pump-simulator built in <build-dir>/bin (Linux: reads /proc).
 set -euo pipefail
 
@@ -14,7 +15,7 @@ drop=${3:-0.005}
 # shellcheck source=bench/app-bench.sh
 source "$(dirname "$0")/app-bench.sh"
 bench_setup soak "${1:-build/default}"
-bench_start_simulator --seed 1 --drop-in "$drop" --drop-out "$drop"
+bench_start_simulator --seed 1 --drop-in "$drop" --drop-out "$drop" "${@:4}"
 bench_start_app
 bench_wait_for "Main screen shown" 10000
 
