@@ -53,7 +53,10 @@ const QList<Operation>& operations() {
     static const QList<Operation> list{
         {QStringLiteral("connect"), {"info"}, 450, {}},
         {QStringLiteral("settings save"), {"save-settings", "%1/saved.json"}, 650, {}},
-        {QStringLiteral("settings load"), {"load-settings", "%1/known.json"}, 1500, {}},
+        {QStringLiteral("settings load"),
+         {"load-settings", "%1/known.json"},
+         1500,
+         QStringLiteral("5 % duplicated")},
         {QStringLiteral("log export"), {"export-log", "%1/log.csv"}, 600, {}},
         // A flipped bit inside a frame that still decodes reaches the pump as it is; the image's
         // CRC-32 catches it, and the update ends as failed at verifying.
@@ -72,6 +75,8 @@ const QList<QRegularExpression>& definedFailures() {
         QRegularExpression(QStringLiteral("^No pump answered on .* within \\d+ s$")),
         QRegularExpression(QStringLiteral("^Disconnected\\.?$")),
         QRegularExpression(QStringLiteral("^Update failed: Verify failed ")),
+        // A repeated answer that takes the place of a Set's own leaves that setting unconfirmed.
+        QRegularExpression(QStringLiteral("^(Could not apply|Timed out|Pump response)")),
         QRegularExpression(QStringLiteral("^Timed out waiting for response$")),
         QRegularExpression(QStringLiteral("^Pump response timeout$")),
         QRegularExpression(QStringLiteral("^The settings were loaded, but the link was lost")),
