@@ -99,22 +99,22 @@ CliArguments CliArguments::parse(const QStringList& arguments) {
     }
     invocation.command = positional.takeFirst();
     invocation.arguments = positional;
-    const CommandSpec* spec = FindCommand(invocation.command);
-    if (spec == nullptr) {
+    const CommandEntry* entry = FindCommand(invocation.command);
+    if (entry == nullptr) {
         result.failWith(QStringLiteral("Unknown command \"%1\"").arg(invocation.command));
         return result;
     }
-    const qsizetype expected = spec->argument.isEmpty() ? 0 : 1;
+    const qsizetype expected = entry->argument.isEmpty() ? 0 : 1;
     if (positional.size() != expected) {
         result.failWith(expected == 0
-                            ? QStringLiteral("%1 takes no arguments").arg(spec->name)
-                            : QStringLiteral("%1 takes one %2").arg(spec->name, spec->argument));
+                            ? QStringLiteral("%1 takes no arguments").arg(entry->name)
+                            : QStringLiteral("%1 takes one %2").arg(entry->name, entry->argument));
         return result;
     }
     for (const QCommandLineOption* option : options.commandOptions()) {
         const QString& name = option->names().constFirst();
-        if (parser.isSet(*option) && !spec->options.contains(name)) {
-            result.failWith(QStringLiteral("--%1 is no option of %2").arg(name, spec->name));
+        if (parser.isSet(*option) && !entry->options.contains(name)) {
+            result.failWith(QStringLiteral("--%1 is no option of %2").arg(name, entry->name));
             return result;
         }
     }
@@ -169,11 +169,11 @@ QString CliArguments::helpText() {
             "\n"
             "Commands:\n")
             .arg(QString::fromLatin1(common::kPortsVariable));
-    for (const CommandSpec& spec : Commands()) {
+    for (const CommandEntry& entry : Commands()) {
         help += QStringLiteral("  ") +
-                QStringLiteral("%1 %2").arg(spec.name, spec.synopsis).trimmed() +
-                QLatin1Char('\n') + wrapped(spec.description, kDescriptionIndent) +
-                wrapped(QStringLiteral("Example: ") + spec.example, kDescriptionIndent);
+                QStringLiteral("%1 %2").arg(entry.name, entry.synopsis).trimmed() +
+                QLatin1Char('\n') + wrapped(entry.description, kDescriptionIndent) +
+                wrapped(QStringLiteral("Example: ") + entry.example, kDescriptionIndent);
     }
     help += QStringLiteral(
         "\n"

@@ -28,8 +28,8 @@ std::unique_ptr<Command> make(CommandContext& context) {
 
 } // namespace
 
-const QList<CommandSpec>& Commands() {
-    static const QList<CommandSpec> commands{
+const QList<CommandEntry>& Commands() {
+    static const QList<CommandEntry> commands{
         {QStringLiteral("ports"),
          {},
          {},
@@ -127,18 +127,18 @@ const QList<CommandSpec>& Commands() {
     return commands;
 }
 
-const CommandSpec* FindCommand(const QString& name) {
-    for (const CommandSpec& spec : Commands()) {
-        if (spec.name == name) {
-            return &spec;
+const CommandEntry* FindCommand(const QString& name) {
+    for (const CommandEntry& entry : Commands()) {
+        if (entry.name == name) {
+            return &entry;
         }
     }
     return nullptr;
 }
 
 std::unique_ptr<Command> CreateCommand(CommandContext& context) {
-    const CommandSpec* spec = FindCommand(context.invocation.command);
-    return spec != nullptr ? spec->create(context) : nullptr;
+    const CommandEntry* entry = FindCommand(context.invocation.command);
+    return entry != nullptr ? entry->create(context) : nullptr;
 }
 
 } // namespace cli

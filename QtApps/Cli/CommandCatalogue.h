@@ -12,7 +12,7 @@ class Command;
 struct CommandContext;
 
 /// What the help says of a command, and what its command line may hold.
-struct CommandSpec {
+struct CommandEntry {
     QString name;
     /// Its own positional arguments ("FILE", "BUNDLE"), empty for none.
     QString argument;
@@ -26,9 +26,9 @@ struct CommandSpec {
 };
 
 /// The commands of brackwater-cli, in the order the help lists them.
-const QList<CommandSpec>& Commands();
+const QList<CommandEntry>& Commands();
 /// The command called `name`, or null.
-const CommandSpec* FindCommand(const QString& name);
+const CommandEntry* FindCommand(const QString& name);
 /// Builds the command that `context.invocation` names; null for a name that is none.
 std::unique_ptr<Command> CreateCommand(CommandContext& context);
 
