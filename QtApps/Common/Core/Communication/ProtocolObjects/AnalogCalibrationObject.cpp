@@ -90,6 +90,9 @@ bool AnalogCalibrationObject::HandleAnswer(const ProtocolMessage& message, bool 
     if (!reader.Read(slope) || !reader.Read(offset)) {
         LogReadFailure("HandleGetAck");
         emit invalidData(attribute);
+        // Another request's answer can hold this one's id (ids are reused at once); counted as
+        // no answer, the value asks again.
+        HandleTimeout(message);
         return true;
     }
     emit ackGetCalibration(attribute, slope, offset);

@@ -104,6 +104,7 @@ void AnalogFilterObject::HandleGetAnswer(const ProtocolMessage& message, bool ac
         if (!reader.Read(numSamples)) {
             LogReadFailure("HandleGetNumSamples");
             emit invalidData(attribute);
+            HandleTimeout(message); // asked again, as for any answer that cannot be read
             return;
         }
         emit ackGetNumSamples(attribute, numSamples);
@@ -114,6 +115,7 @@ void AnalogFilterObject::HandleGetAnswer(const ProtocolMessage& message, bool ac
     if (!reader.Read(minimum) || !reader.Read(maximum)) {
         LogReadFailure("HandleGetNumSamplesLimits");
         emit invalidData(attribute);
+        HandleTimeout(message);
         return;
     }
     emit ackGetNumSamplesLimits(attribute, minimum, maximum);
