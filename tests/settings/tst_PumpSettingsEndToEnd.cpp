@@ -353,6 +353,8 @@ void PumpSettingsEndToEndTest::load_pumpThatClampsASettingIsReportedAndNotReset(
     QCOMPARE(log.count(QStringLiteral("Not applied: Prime speed: the file asks 200.0 rpm, the "
                                       "pump holds 165.0 rpm")),
              1);
+    // Reported only after the pump, asked once more, still holds its own figure.
+    QCOMPARE(log.count(QStringLiteral("reading the pump's settings again to confirm")), 1);
     // A successful load would reset the pump 1.5 s after its result; this one must not.
     QTest::qWait(2000);
     QCOMPARE(resets.count, 0);

@@ -6,6 +6,8 @@
 #include "QtApps/Common/Logger/Log.h"
 #include "QtApps/Common/Model/PumpValues/PumpValues.h"
 
+#include <algorithm>
+
 namespace pumpSettings {
 
 PumpSettingsLoad::PumpSettingsLoad(communication::PumpValues& values, QObject* parent)
@@ -30,6 +32,7 @@ bool PumpSettingsLoad::start(const QUrl& filePath, Mode mode) {
     mMode = mode;
     mComparisons.clear();
     mNotApplied.clear();
+    mReadAgain = false;
     mRoot = QJsonObject();
     if (!openFile(filePath, QIODevice::ReadOnly)) {
         finish(false, PumpSettingsResultType::CouldNotOpenFile);
@@ -98,14 +101,30 @@ void PumpSettingsLoad::onValueAnswered() {
         for (auto& [name, section] : mSections) {
             section->apply();
         }
-    } else if (mPhase == Phase::Applying) {
+    } else if (mPhase == Phase::Applying || mPhase == Phase::Confirming) {
         onApplied();
     }
 }
 
 void PumpSettingsLoad::onApplied() {
     mTimeout.stop();
-    for (const SettingComparison& comparison : compareAll()) {
+    const QList<SettingComparison> comparisons = compareAll();
+    const bool differs = std::any_of(comparisons.begin(), comparisons.end(),
+                                     [](const SettingComparison& c) { return c.changed; });
+    if (differs && !mReadAgain) {
+        // A frame the line delivered twice can stand in for a read-back (ids are reused at
+        // once), so the pump is asked once more before a setting is reported as not taken.
+        BWL_LOG_INFO("onApplied", QStringLiteral("A read-back differs from the file; reading "
+                                                 "the pump's settings again to confirm"));
+        mReadAgain = true;
+        mPhase = Phase::Confirming;
+        startTimeout();
+        for (auto& [name, section] : mSections) {
+            section->request();
+        }
+        return;
+    }
+    for (const SettingComparison& comparison : comparisons) {
         if (comparison.changed) {
             mNotApplied.append(comparison.setting);
             BWL_LOG_WARN("onApplied",
