@@ -75,8 +75,10 @@ const QList<QRegularExpression>& definedFailures() {
         QRegularExpression(QStringLiteral("^No pump answered on .* within \\d+ s$")),
         QRegularExpression(QStringLiteral("^Disconnected\\.?$")),
         QRegularExpression(QStringLiteral("^Update failed: Verify failed ")),
-        // A repeated answer that takes the place of a Set's own leaves that setting unconfirmed.
-        QRegularExpression(QStringLiteral("^(Could not apply|Timed out|Pump response)")),
+        // Ids are reused at once, so an answer that came twice can be read as the next request's
+        // with that id: a load then meets a wrong identity, or a read-back that stays wrong.
+        QRegularExpression(
+            QStringLiteral("^(Could not apply all settings|Incompatible pump settings)$")),
         QRegularExpression(QStringLiteral("^Timed out waiting for response$")),
         QRegularExpression(QStringLiteral("^Pump response timeout$")),
         QRegularExpression(QStringLiteral("^The settings were loaded, but the link was lost")),
