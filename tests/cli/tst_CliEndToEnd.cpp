@@ -1,6 +1,7 @@
 // brackwater-cli as a script runs it: the built executable, with --port, against the real pump
 // simulator on a pseudo-terminal (and against a pseudo-terminal nobody answers on).
 
+#include "tests/support/CliProcess.h"
 #include "tests/support/PtyPair.h"
 #include "tests/support/SimulatorProcess.h"
 
@@ -23,18 +24,7 @@ namespace {
 
 constexpr int kRunLimitMs = 30000;
 
-struct Run {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-
-    QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
-    QStringList lines() const {
-        return QString::fromUtf8(out).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    }
-    /// For QVERIFY2: what the program said.
-    QByteArray said() const { return "stdout:\n" + out + "\nstderr:\n" + err; }
-};
+using Run = testsupport::CliRun;
 
 QByteArray readFile(const QString& path) {
     QFile file(path);
@@ -60,35 +50,8 @@ private:
 
     QString path(const QString& name) const { return mFolder.filePath(name); }
 
-    void prepare(QProcess& process, const QStringList& arguments) const {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        // No window system at all: the program must not need one.
-        for (const char* name :
-             {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "BRACKWATER_LINK_PORTS"}) {
-            environment.remove(QString::fromLatin1(name));
-        }
-        environment.insert(QStringLiteral("XDG_DATA_HOME"),
-                           mFolder.filePath(QStringLiteral("data")));
-        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), mFolder.path());
-        process.setProcessEnvironment(environment);
-        process.setProgram(QStringLiteral(BWL_CLI_PATH));
-        process.setArguments(arguments);
-    }
-
     Run cli(const QStringList& arguments) const {
-        QProcess process;
-        prepare(process, arguments);
-        process.start();
-        Run run;
-        if (!process.waitForFinished(kRunLimitMs) || process.exitStatus() != QProcess::NormalExit) {
-            process.kill();
-            process.waitForFinished();
-            return run;
-        }
-        run.status = process.exitCode();
-        run.out = process.readAllStandardOutput();
-        run.err = process.readAllStandardError();
-        return run;
+        return testsupport::runCli(mFolder.path(), arguments, kRunLimitMs);
     }
 
     /// A run against the shared simulator.
@@ -260,7 +223,7 @@ private slots:
         // Without --seconds it runs until Ctrl-C, which ends it as a success. Every session so
         // far was stopped by the program that opened it.
         QProcess endless;
-        prepare(endless, {"--port", mPort, "watch"});
+        testsupport::prepareCli(endless, mFolder.path(), {"--port", mPort, "watch"});
         endless.start();
         QByteArray readings; // QTRY evaluates its condition once more after it held
         QTRY_VERIFY_WITH_TIMEOUT((readings += endless.readAllStandardOutput()).contains(" speed "),

@@ -2,6 +2,7 @@
 // built brackwater-cli (the application's own procedures without the window). Each cell states
 // what must hold, and the whole matrix is printed as a table at the end.
 
+#include "tests/support/CliProcess.h"
 #include "tests/support/SimulatorProcess.h"
 
 #include <QDir>
@@ -9,7 +10,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -86,24 +86,7 @@ const QList<QRegularExpression>& definedFailures() {
     return list;
 }
 
-struct Run {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-
-    /// The last line on standard error that is not progress.
-    QString lastWords() const {
-        const QStringList lines =
-            QString::fromUtf8(err).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        for (auto line = lines.crbegin(); line != lines.crend(); ++line) {
-            if (!line->startsWith(QLatin1Char('['))) {
-                return *line;
-            }
-        }
-        return {};
-    }
-    QByteArray said() const { return "stdout:\n" + out + "\nstderr:\n" + err; }
-};
+using Run = testsupport::CliRun;
 
 } // namespace
 
@@ -118,24 +101,8 @@ private:
     QMap<QString, QString> mOutcomes; // "operation|fault" -> outcome
 
     Run cli(const QString& port, const QStringList& arguments) const {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("BRACKWATER_LINK_PORTS"));
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), mFolder.filePath("data"));
-        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), mFolder.path());
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(BWL_CLI_PATH),
-                      QStringList{"--port", port, "--timeout", "3"} + arguments);
-        Run run;
-        if (!process.waitForFinished(kRunLimitMs) || process.exitStatus() != QProcess::NormalExit) {
-            process.kill();
-            process.waitForFinished();
-            return run;
-        }
-        run.status = process.exitCode();
-        run.out = process.readAllStandardOutput();
-        run.err = process.readAllStandardError();
-        return run;
+        return testsupport::runCli(
+            mFolder.path(), QStringList{"--port", port, "--timeout", "3"} + arguments, kRunLimitMs);
     }
 
     QString scratch(const QString& name) const { return mFolder.filePath(name); }
