@@ -48,6 +48,8 @@ bool PumpSettings::begin(const char* what) {
         return false;
     }
     mRunning = true;
+    mLastRead.reset();
+    mReads = 0;
     emit runningChanged();
     return true;
 }
@@ -117,6 +119,33 @@ void PumpSettings::dropSections() {
     for (auto& [name, section] : mSections) {
         disconnect(section, nullptr, this, nullptr);
     }
+}
+
+bool PumpSettings::confirmRead() {
+    QJsonObject read;
+    for (const auto& [name, section] : mSections) {
+        read.insert(name, section->toJson());
+    }
+    if (mLastRead == read) {
+        return true;
+    }
+    if (++mReads >= kMaxReads) {
+        BWL_LOG_WARN("confirmRead", QStringLiteral("No two reads of the pump's settings agree "
+                                                   "after %1 reads")
+                                        .arg(kMaxReads));
+        onTimeout();
+        return false;
+    }
+    if (mLastRead) {
+        BWL_LOG_INFO("confirmRead", QStringLiteral("Two reads of the pump's settings differ; "
+                                                   "reading again"));
+    }
+    mLastRead = std::move(read);
+    startTimeout();
+    for (auto& [name, section] : mSections) {
+        section->request();
+    }
+    return false;
 }
 
 bool PumpSettings::sectionsComplete() const {

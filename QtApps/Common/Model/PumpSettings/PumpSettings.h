@@ -12,6 +12,7 @@
 #include <QUrl>
 
 #include <map>
+#include <optional>
 
 namespace communication {
 class PumpValues;
@@ -64,6 +65,12 @@ protected:
     void dropSections();
     bool sectionsComplete() const;
     void startTimeout() { mTimeout.start(kPumpTimeoutMs); }
+    /// After every section has answered: true when this read agrees with the one before it.
+    /// Otherwise keeps it and asks every section again (onValueAnswered() follows), or, after
+    /// kMaxReads reads, gives up through onTimeout(). One read alone is not trusted: an answer
+    /// that arrives after its request timed out can be taken as the answer to another request
+    /// that now holds its id (ids are reused at once).
+    bool confirmRead();
 
     virtual void onDetails() = 0;
     virtual void onValueAnswered() = 0;
@@ -81,7 +88,11 @@ protected:
 private:
     void onPumpDetails(const communication::objects::PumpDetails& details);
 
+    static constexpr int kMaxReads = 4;
+
     bool mRunning = false;
+    std::optional<QJsonObject> mLastRead;
+    int mReads = 0;
 };
 
 } // namespace pumpSettings

@@ -92,6 +92,9 @@ void PumpSettingsLoad::onValueAnswered() {
     if (!mTimeout.isActive() || !sectionsComplete()) {
         return;
     }
+    if (mPhase == Phase::Reading && !confirmRead()) {
+        return;
+    }
     if (mPhase == Phase::Reading && mMode == Mode::Preview) {
         mComparisons = compareAll();
         finish(true, PumpSettingsResultType::Success);

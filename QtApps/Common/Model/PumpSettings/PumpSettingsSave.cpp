@@ -46,7 +46,7 @@ void PumpSettingsSave::onDetails() {
 }
 
 void PumpSettingsSave::onValueAnswered() {
-    if (!mTimeout.isActive() || !sectionsComplete()) {
+    if (!mTimeout.isActive() || !sectionsComplete() || !confirmRead()) {
         return;
     }
     mTimeout.stop();
