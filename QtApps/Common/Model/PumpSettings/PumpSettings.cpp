@@ -48,8 +48,7 @@ bool PumpSettings::begin(const char* what) {
         return false;
     }
     mRunning = true;
-    mLastRead.reset();
-    mReads = 0;
+    forgetReads();
     emit runningChanged();
     return true;
 }

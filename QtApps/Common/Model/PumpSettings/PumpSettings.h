@@ -71,6 +71,13 @@ protected:
     /// that arrives after its request timed out can be taken as the answer to another request
     /// that now holds its id (ids are reused at once).
     bool confirmRead();
+    /// Whether confirmRead() has a read to compare the next one with.
+    bool hasEarlierRead() const { return mLastRead.has_value(); }
+    /// Starts confirmRead() afresh, for reads of another kind (read-backs after Sets).
+    void forgetReads() {
+        mLastRead.reset();
+        mReads = 0;
+    }
 
     virtual void onDetails() = 0;
     virtual void onValueAnswered() = 0;

@@ -32,7 +32,6 @@ bool PumpSettingsLoad::start(const QUrl& filePath, Mode mode) {
     mMode = mode;
     mComparisons.clear();
     mNotApplied.clear();
-    mReadAgain = false;
     mRoot = QJsonObject();
     if (!openFile(filePath, QIODevice::ReadOnly)) {
         finish(false, PumpSettingsResultType::CouldNotOpenFile);
@@ -100,11 +99,12 @@ void PumpSettingsLoad::onValueAnswered() {
         finish(true, PumpSettingsResultType::Success);
     } else if (mPhase == Phase::Reading) {
         mPhase = Phase::Applying;
+        forgetReads(); // the read-backs are confirmed on their own
         startTimeout();
         for (auto& [name, section] : mSections) {
             section->apply();
         }
-    } else if (mPhase == Phase::Applying || mPhase == Phase::Confirming) {
+    } else if (mPhase == Phase::Applying) {
         onApplied();
     }
 }
@@ -114,18 +114,16 @@ void PumpSettingsLoad::onApplied() {
     const QList<SettingComparison> comparisons = compareAll();
     const bool differs = std::any_of(comparisons.begin(), comparisons.end(),
                                      [](const SettingComparison& c) { return c.changed; });
-    if (differs && !mReadAgain) {
-        // A frame the line delivered twice can stand in for a read-back (ids are reused at
-        // once), so the pump is asked once more before a setting is reported as not taken.
-        BWL_LOG_INFO("onApplied", QStringLiteral("A read-back differs from the file; reading "
-                                                 "the pump's settings again to confirm"));
-        mReadAgain = true;
-        mPhase = Phase::Confirming;
-        startTimeout();
-        for (auto& [name, section] : mSections) {
-            section->request();
+    if (differs) {
+        // The pump is asked again until two reads agree before a setting is reported as not
+        // taken: a late or repeated answer can stand in for a read-back.
+        if (!hasEarlierRead()) {
+            BWL_LOG_INFO("onApplied", QStringLiteral("A read-back differs from the file; reading "
+                                                     "the pump's settings again to confirm"));
         }
-        return;
+        if (!confirmRead()) {
+            return;
+        }
     }
     for (const SettingComparison& comparison : comparisons) {
         if (comparison.changed) {

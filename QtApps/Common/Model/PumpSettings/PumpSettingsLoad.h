@@ -17,8 +17,8 @@ namespace pumpSettings {
 /// preview stops here and reports them beside the file's), the file's values are set, and each
 /// is read back after its acknowledgement. Only when every read-back is what the file asked is
 /// the load a success; the pump is then reset 1.5 s later to restart with its new settings. A
-/// pump that kept another value (one limit of its own, say), and still holds it when asked once
-/// more, is reported as not having taken all settings, with the settings that differ, and is
+/// pump that kept another value (one limit of its own, say), and still holds it when asked
+/// again, is reported as not having taken all settings, with the settings that differ, and is
 /// not reset.
 class PumpSettingsLoad final : public PumpSettings {
     Q_OBJECT
@@ -47,7 +47,7 @@ signals:
 
 private:
     enum class Mode { Load, Preview };
-    enum class Phase { Idle, Details, Reading, Applying, Confirming };
+    enum class Phase { Idle, Details, Reading, Applying };
 
     bool start(const QUrl& filePath, Mode mode);
     /// Reads and parses the file; the result on failure.
@@ -63,7 +63,6 @@ private:
 
     Mode mMode = Mode::Load;
     Phase mPhase = Phase::Idle;
-    bool mReadAgain = false; // whether the pump was asked again after a differing read-back
     QTimer mResetTimer;
     QList<SettingComparison> mComparisons;
     QStringList mNotApplied;
