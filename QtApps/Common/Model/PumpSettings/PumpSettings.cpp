@@ -15,6 +15,29 @@
 
 namespace pumpSettings {
 
+namespace {
+
+// The dotted paths ("oemPump.primeSpeed") at which two reads differ, for the log.
+QStringList differingFields(const QJsonObject& a, const QJsonObject& b,
+                            const QString& prefix = {}) {
+    QStringList keys = a.keys() + b.keys();
+    keys.removeDuplicates();
+    QStringList paths;
+    for (const QString& key : keys) {
+        const QString path = prefix.isEmpty() ? key : prefix + QLatin1Char('.') + key;
+        const QJsonValue left = a.value(key);
+        const QJsonValue right = b.value(key);
+        if (left.isObject() && right.isObject()) {
+            paths += differingFields(left.toObject(), right.toObject(), path);
+        } else if (left != right) {
+            paths.append(path);
+        }
+    }
+    return paths;
+}
+
+} // namespace
+
 QString PumpSettings::resultText(PumpSettingsResultType result) {
     // Built on first use, when the translations of the user's language are installed.
     static const QMap<PumpSettingsResultType, QString> texts{
@@ -125,21 +148,22 @@ bool PumpSettings::confirmRead() {
     for (const auto& [name, section] : mSections) {
         read.insert(name, section->toJson());
     }
-    if (mLastRead == read) {
+    if (mReads.contains(read)) {
         return true;
     }
-    if (++mReads >= kMaxReads) {
+    if (!mReads.isEmpty()) {
+        BWL_LOG_INFO("confirmRead",
+                     QStringLiteral("Two reads of the pump's settings differ (%1); reading again")
+                         .arg(differingFields(mReads.last(), read).join(QStringLiteral(", "))));
+    }
+    mReads.append(read);
+    if (mReads.size() >= kMaxReads) {
         BWL_LOG_WARN("confirmRead", QStringLiteral("No two reads of the pump's settings agree "
                                                    "after %1 reads")
                                         .arg(kMaxReads));
         onTimeout();
         return false;
     }
-    if (mLastRead) {
-        BWL_LOG_INFO("confirmRead", QStringLiteral("Two reads of the pump's settings differ; "
-                                                   "reading again"));
-    }
-    mLastRead = std::move(read);
     startTimeout();
     for (auto& [name, section] : mSections) {
         section->request();

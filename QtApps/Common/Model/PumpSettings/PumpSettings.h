@@ -7,12 +7,12 @@
 
 #include <QFile>
 #include <QJsonObject>
+#include <QList>
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
 
 #include <map>
-#include <optional>
 
 namespace communication {
 class PumpValues;
@@ -65,19 +65,17 @@ protected:
     void dropSections();
     bool sectionsComplete() const;
     void startTimeout() { mTimeout.start(kPumpTimeoutMs); }
-    /// After every section has answered: true when this read agrees with the one before it.
+    /// After every section has answered: true when this read agrees with any earlier one.
     /// Otherwise keeps it and asks every section again (onValueAnswered() follows), or, after
     /// kMaxReads reads, gives up through onTimeout(). One read alone is not trusted: an answer
-    /// that arrives after its request timed out can be taken as the answer to another request
-    /// that now holds its id (ids are reused at once).
+    /// that came late or twice can be taken as the answer to another request that now holds its
+    /// id (ids are reused at once). Two such mistakes rarely make the same wrong read, so any
+    /// two equal reads are the pump's settings.
     bool confirmRead();
     /// Whether confirmRead() has a read to compare the next one with.
-    bool hasEarlierRead() const { return mLastRead.has_value(); }
+    bool hasEarlierRead() const { return !mReads.isEmpty(); }
     /// Starts confirmRead() afresh, for reads of another kind (read-backs after Sets).
-    void forgetReads() {
-        mLastRead.reset();
-        mReads = 0;
-    }
+    void forgetReads() { mReads.clear(); }
 
     virtual void onDetails() = 0;
     virtual void onValueAnswered() = 0;
@@ -95,11 +93,12 @@ protected:
 private:
     void onPumpDetails(const communication::objects::PumpDetails& details);
 
-    static constexpr int kMaxReads = 4;
+    // A read takes a few milliseconds. On a line that repeats one frame in twenty, about one
+    // read in ten is wrong somewhere; six reads without two alike are then a broken line.
+    static constexpr int kMaxReads = 6;
 
     bool mRunning = false;
-    std::optional<QJsonObject> mLastRead;
-    int mReads = 0;
+    QList<QJsonObject> mReads;
 };
 
 } // namespace pumpSettings
