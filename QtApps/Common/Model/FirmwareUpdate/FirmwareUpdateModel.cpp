@@ -52,8 +52,12 @@ FirmwareUpdateModel::FirmwareUpdateModel(common::ArchiveReaderInterface& reader,
     auto& details = values.get<PumpDetailsGetAll>();
     connect(&details, &PumpDetailsGetAll::getAllResponse, this,
             &FirmwareUpdateModel::onPumpDetails);
-    connect(&details, &PumpDetailsGetAll::getValueAborted, this,
-            [this] { mDetailsRequested = false; });
+    connect(&details, &PumpDetailsGetAll::getValueAborted, this, [this] {
+        mDetailsRequested = false;
+        if (mConfirmingModel && mBundle && !mUpdating) {
+            selectImages(); // no second answer: the first one stands
+        }
+    });
     auto& reset = values.get<PumpReset>();
     connect(&reset, &PumpReset::setSuccess, this, &FirmwareUpdateModel::onResetDone);
     // A pump that restarts before its acknowledgement gets out looks like one that never
@@ -78,6 +82,7 @@ void FirmwareUpdateModel::loadBundle(const QString& path) {
     QString error;
     mBundle = FirmwareBundle::read(mReader, path, error);
     mSelected.clear();
+    mConfirmingModel = false;
     mTotalBytes = 0;
     mFinishedBytes = 0;
     mImageBytesDone = 0;
@@ -108,6 +113,7 @@ void FirmwareUpdateModel::setPumpConnected(bool connected) {
     mConnected = connected;
     mDetailsKnown = false;
     mDetailsRequested = false;
+    mConfirmingModel = false;
     mPartNumber.clear();
     if (connected) {
         requestDetails();
@@ -128,7 +134,7 @@ void FirmwareUpdateModel::onPumpDetails(const communication::objects::PumpDetail
     const bool news = !mDetailsKnown || partNumber != mPartNumber;
     mPartNumber = partNumber;
     mDetailsKnown = true;
-    if (news && mBundle && !mUpdating) {
+    if ((news || mConfirmingModel) && mBundle && !mUpdating) {
         selectImages();
     }
     publish();
@@ -146,6 +152,18 @@ void FirmwareUpdateModel::selectImages() {
         mWatchdog.stop(); // the pump is back
     }
     mSelected = mBundle->imagesFor(mPartNumber);
+    if (mSelected.isEmpty() && !mConfirmingModel) {
+        // Request ids are reused at once, so an answer that came twice can stand in for the
+        // pump's identity. The technician is told only what a second answer confirms.
+        BWL_LOG_INFO("selectImages", QStringLiteral("No image in the bundle for pump model "
+                                                    "\"%1\"; asking the pump again to confirm")
+                                         .arg(mPartNumber));
+        mConfirmingModel = true;
+        mDetailsRequested = false;
+        requestDetails();
+        return;
+    }
+    mConfirmingModel = false;
     if (mSelected.isEmpty()) {
         BWL_LOG_WARN(
             "selectImages",

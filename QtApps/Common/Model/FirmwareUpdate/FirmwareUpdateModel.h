@@ -115,6 +115,8 @@ private:
     bool mConnected = false;
     bool mDetailsKnown = false;
     bool mDetailsRequested = false;
+    /// No image fits mPartNumber, and the pump is being asked for its identity once more.
+    bool mConfirmingModel = false;
     FirmwareUpdateModelState mState = FirmwareUpdateModelState::NotReady;
     QString mErrorDescription;
 
