@@ -22,6 +22,8 @@ namespace msg = halyard::protocol::message;
 namespace {
 
 constexpr int kBacklogRetryMs = 1;
+// A request's answer, late or repeated, comes within its time-out (100 ms).
+constexpr int kConfirmModelDelayMs = 100;
 
 bool IsOperation(std::uint8_t raw, msg::Operation operation) {
     return raw == static_cast<std::uint8_t>(operation);
@@ -154,13 +156,19 @@ void FirmwareUpdateModel::selectImages() {
     mSelected = mBundle->imagesFor(mPartNumber);
     if (mSelected.isEmpty() && !mConfirmingModel) {
         // Request ids are reused at once, so an answer that came twice can stand in for the
-        // pump's identity. The technician is told only what a second answer confirms.
+        // pump's identity. The technician is told only what a second answer confirms. That
+        // question waits until the answers still on their way have arrived: asked at once, it
+        // would take the id that the repeat right behind this answer carries.
         BWL_LOG_INFO("selectImages", QStringLiteral("No image in the bundle for pump model "
                                                     "\"%1\"; asking the pump again to confirm")
                                          .arg(mPartNumber));
         mConfirmingModel = true;
-        mDetailsRequested = false;
-        requestDetails();
+        QTimer::singleShot(kConfirmModelDelayMs, this, [this] {
+            if (mConfirmingModel && mConnected) {
+                mDetailsRequested = false;
+                requestDetails();
+            }
+        });
         return;
     }
     mConfirmingModel = false;
