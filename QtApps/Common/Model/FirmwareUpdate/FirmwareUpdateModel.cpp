@@ -153,12 +153,13 @@ void FirmwareUpdateModel::selectImages() {
     if (mState == FirmwareUpdateModelState::Rebooting) {
         mWatchdog.stop(); // the pump is back
     }
-    mSelected = mBundle->imagesFor(mPartNumber);
-    if (mSelected.isEmpty() && !mConfirmingModel) {
+    auto images = mBundle->imagesFor(mPartNumber);
+    if (images.isEmpty() && !mConfirmingModel) {
         // Request ids are reused at once, so an answer that came twice can stand in for the
-        // pump's identity. The technician is told only what a second answer confirms. That
-        // question waits until the answers still on their way have arrived: asked at once, it
-        // would take the id that the repeat right behind this answer carries.
+        // pump's identity. The technician is told only what a second answer confirms, and the
+        // images chosen so far stand meanwhile. That question waits until the answers still on
+        // their way have arrived: asked at once, it would take the id that the repeat right
+        // behind this answer carries.
         BWL_LOG_INFO("selectImages", QStringLiteral("No image in the bundle for pump model "
                                                     "\"%1\"; asking the pump again to confirm")
                                          .arg(mPartNumber));
@@ -172,6 +173,7 @@ void FirmwareUpdateModel::selectImages() {
         return;
     }
     mConfirmingModel = false;
+    mSelected = std::move(images);
     if (mSelected.isEmpty()) {
         BWL_LOG_WARN(
             "selectImages",
