@@ -5,6 +5,7 @@
 #include "QtApps/Common/Core/Communication/ProtocolObjectContainer.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareImageCrc32.h"
 #include "QtApps/Common/Core/Communication/ProtocolObjects/DeviceObject/FirmwareUpdateObject.h"
+#include "QtApps/Common/Core/Communication/ProtocolRequestLogWrapper.h"
 #include "QtApps/Common/Logger/Log.h"
 #include "QtApps/Common/Model/PumpValues/PumpDetailsGetAll.h"
 #include "QtApps/Common/Model/PumpValues/PumpReset.h"
@@ -22,8 +23,8 @@ namespace msg = halyard::protocol::message;
 namespace {
 
 constexpr int kBacklogRetryMs = 1;
-// A request's answer, late or repeated, comes within its time-out (100 ms).
-constexpr int kConfirmModelDelayMs = 100;
+// A request's answer, late or repeated, comes within its time-out.
+constexpr int kConfirmModelDelayMs = communication::ProtocolRequestLogWrapper::kTimeoutMs;
 
 bool IsOperation(std::uint8_t raw, msg::Operation operation) {
     return raw == static_cast<std::uint8_t>(operation);

@@ -151,19 +151,19 @@ bool PumpSettings::confirmRead() {
     if (mReads.contains(read)) {
         return true;
     }
-    if (!mReads.isEmpty()) {
-        BWL_LOG_INFO("confirmRead",
-                     QStringLiteral("Two reads of the pump's settings differ (%1); reading again")
-                         .arg(differingFields(mReads.last(), read).join(QStringLiteral(", "))));
-    }
-    mReads.append(read);
-    if (mReads.size() >= kMaxReads) {
+    if (mReads.size() + 1 >= kMaxReads) {
         BWL_LOG_WARN("confirmRead", QStringLiteral("No two reads of the pump's settings agree "
                                                    "after %1 reads")
                                         .arg(kMaxReads));
         onTimeout();
         return false;
     }
+    if (!mReads.isEmpty()) {
+        BWL_LOG_INFO("confirmRead",
+                     QStringLiteral("Two reads of the pump's settings differ (%1); reading again")
+                         .arg(differingFields(mReads.last(), read).join(QStringLiteral(", "))));
+    }
+    mReads.append(read);
     startTimeout();
     for (auto& [name, section] : mSections) {
         section->request();
